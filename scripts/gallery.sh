@@ -1,0 +1,8 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds, and renders every control into out/gallery (and opens the live
+# viewer when a display is present and --live is given).
+set -euo pipefail
+cd "$(dirname "$0")/.."
+scripts/install-deps.sh
+scripts/build.sh build
+./build/apps/gallery/corvane-gallery --out out/gallery "$@"

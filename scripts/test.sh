@@ -1,0 +1,17 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds, and runs the whole suite; then the suite again under
+# AddressSanitizer and UndefinedBehaviorSanitizer (skip with --no-sanitize), then checks that an
+# outside project builds against the installed package.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+sanitize=1
+for a in "$@"; do [ "$a" = "--no-sanitize" ] && sanitize=0; done
+scripts/install-deps.sh
+scripts/build.sh build
+(cd build && ctest --output-on-failure -j"$(nproc)")
+./build/apps/gallery/corvane-gallery --out build/gallery-check >/dev/null
+scripts/check-install.sh build
+if [ "$sanitize" = 1 ]; then
+  BUILD_TYPE=Debug scripts/build.sh build-asan -DCORVANE_SANITIZE=address,undefined -DCORVANE_BENCH=OFF
+  (cd build-asan && ctest --output-on-failure -j"$(nproc)")
+fi

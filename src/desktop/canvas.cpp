@@ -1,0 +1,67 @@
+#include "desktop/canvas.h"
+
+#include <algorithm>
+
+namespace corvane {
+
+Canvas::Canvas(int32_t width, int32_t height, COLORREF fillColour) {
+  m_surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, std::max(width, 0), std::max(height, 0));
+  attach();
+  fill(fillColour);
+}
+
+Canvas::Canvas(cairo_surface_t* adopt) : m_surface(adopt) { attach(); }
+
+Canvas::~Canvas() { cairo_surface_destroy(m_surface); }
+
+void Canvas::attach() {
+  cairo_surface_flush(m_surface);
+  m_data = cairo_image_surface_get_data(m_surface);
+  m_width = cairo_image_surface_get_width(m_surface);
+  m_height = cairo_image_surface_get_height(m_surface);
+  m_stride = cairo_image_surface_get_stride(m_surface);
+}
+
+void Canvas::resize(int32_t width, int32_t height, COLORREF fillColour) {
+  width = std::max(width, 0);
+  height = std::max(height, 0);
+  if (width == m_width && height == m_height) return;
+  cairo_surface_t* next = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height);
+  cairo_surface_flush(m_surface);
+  cairo_surface_flush(next);
+  unsigned char* nd = cairo_image_surface_get_data(next);
+  int ns = cairo_image_surface_get_stride(next);
+  uint32_t f = toArgb(fillColour);
+  for (int32_t y = 0; y < height; ++y) {
+    auto* dst = reinterpret_cast<uint32_t*>(nd + static_cast<size_t>(y) * ns);
+    int32_t keep = y < m_height ? std::min(width, m_width) : 0;
+    if (keep > 0) std::copy(row(y), row(y) + keep, dst);
+    std::fill(dst + keep, dst + width, f);
+  }
+  cairo_surface_mark_dirty(next);
+  cairo_surface_destroy(m_surface);
+  m_surface = next;
+  attach();
+}
+
+COLORREF Canvas::pixel(int32_t x, int32_t y) const {
+  if (!contains(x, y)) return -1;
+  return fromArgb(row(y)[x]);
+}
+
+void Canvas::setPixel(int32_t x, int32_t y, COLORREF c) {
+  if (contains(x, y)) row(y)[x] = toArgb(c);
+}
+
+void Canvas::fill(COLORREF c) { fillRect(0, 0, m_width, m_height, c); }
+
+void Canvas::fillRect(int32_t left, int32_t top, int32_t right, int32_t bottom, COLORREF c) {
+  left = std::max(left, 0);
+  top = std::max(top, 0);
+  right = std::min(right, m_width);
+  bottom = std::min(bottom, m_height);
+  uint32_t p = toArgb(c);
+  for (int32_t y = top; y < bottom; ++y) std::fill(row(y) + left, row(y) + std::max(left, right), p);
+}
+
+}  // namespace corvane

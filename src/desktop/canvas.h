@@ -1,0 +1,56 @@
+#pragma once
+#include <cairo.h>
+
+#include <cstdint>
+
+#include "platform/types.h"
+
+namespace corvane {
+
+// A pixel store: one Cairo image surface in ARGB32 (premultiplied; window images are kept opaque).
+// Window images, bitmaps and the composed screen are canvases.
+class Canvas {
+ public:
+  Canvas(int32_t width, int32_t height, COLORREF fill = 0xFFFFFF);
+  explicit Canvas(cairo_surface_t* adopt);  // takes ownership of an image surface
+  ~Canvas();
+  Canvas(const Canvas&) = delete;
+  Canvas& operator=(const Canvas&) = delete;
+
+  int32_t width() const { return m_width; }
+  int32_t height() const { return m_height; }
+  cairo_surface_t* surface() const { return m_surface; }
+
+  // Changes the size, keeping the pixels at the top left; new pixels get the fill colour.
+  void resize(int32_t width, int32_t height, COLORREF fill);
+
+  // Direct pixel access; callers check bounds with contains(). Pixels are 0xAARRGGBB words.
+  bool contains(int32_t x, int32_t y) const { return x >= 0 && y >= 0 && x < m_width && y < m_height; }
+  uint32_t* row(int32_t y) { return reinterpret_cast<uint32_t*>(m_data + static_cast<size_t>(y) * m_stride); }
+  const uint32_t* row(int32_t y) const {
+    return reinterpret_cast<const uint32_t*>(m_data + static_cast<size_t>(y) * m_stride);
+  }
+  COLORREF pixel(int32_t x, int32_t y) const;      // as &H00BBGGRR, -1 outside
+  void setPixel(int32_t x, int32_t y, COLORREF c);  // opaque
+  void fill(COLORREF c);
+  void fillRect(int32_t left, int32_t top, int32_t right, int32_t bottom, COLORREF c);  // clipped, right/bottom excluded
+
+  // Call before reading pixels after Cairo drew, and after writing pixels before Cairo draws.
+  void flush() { cairo_surface_flush(m_surface); }
+  void markDirty() { cairo_surface_mark_dirty(m_surface); }
+
+  static uint32_t toArgb(COLORREF c) {
+    return 0xFF000000u | ((c & 0xFF) << 16) | (c & 0xFF00) | ((c >> 16) & 0xFF);
+  }
+  static COLORREF fromArgb(uint32_t p) {
+    return static_cast<COLORREF>(((p >> 16) & 0xFF) | (p & 0xFF00) | ((p & 0xFF) << 16));
+  }
+
+ private:
+  void attach();
+  cairo_surface_t* m_surface = nullptr;
+  unsigned char* m_data = nullptr;
+  int32_t m_width = 0, m_height = 0, m_stride = 0;
+};
+
+}  // namespace corvane
