@@ -32,6 +32,9 @@ class GdiApi {
   virtual HRGN CreateRectRgn(int32_t left, int32_t top, int32_t right, int32_t bottom) = 0;
   virtual int32_t CombineRgn(HRGN dest, HRGN src1, HRGN src2, int32_t mode) = 0;
   virtual HGDIOBJ SelectObject(HDC hdc, HGDIOBJ obj) = 0;
+  // The font a surface keeps in its own context. It belongs to the context, not to the caller,
+  // so it is no drawing object the caller must free and liveObjectCount does not count it.
+  virtual void SetDCFont(HDC hdc, const FontSpec& font) = 0;
   virtual bool DeleteObject(HGDIOBJ obj) = 0;
   virtual int32_t liveObjectCount() const = 0;
 
