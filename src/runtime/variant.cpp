@@ -67,10 +67,6 @@ std::string formatFloating(double v, int digits) {
     while (num.size() > 2 && num[0] == '0') num.erase(0, 1);
     expo = std::string("E") + sign + num;
   }
-  if (mant.rfind("0.", 0) == 0) mant.erase(0, 1);   // ".5" style is not used: keep leading zero
-  if (mant.rfind("-0.", 0) == 0) mant.erase(1, 1);
-  if (mant[0] == '.') mant = "0" + mant;
-  if (mant.rfind("-.", 0) == 0) mant.insert(1, "0");
   return mant + expo;
 }
 

@@ -18,7 +18,9 @@ class Variant {
  public:
   enum class Type { Empty, Null, Boolean, Byte, Integer, Long, Single, Double, String, Object };
 
-  struct NullTag {};
+  struct NullTag {
+    bool operator==(const NullTag&) const = default;
+  };
 
   Variant() = default;
   Variant(NullTag) : m_value(NullTag{}) {}

@@ -1,0 +1,26 @@
+#pragma once
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "host/form.h"
+
+namespace corvane::gallery {
+
+// One picture of the gallery: a form built in a given state, saved as <name>.png.
+struct Scene {
+  std::string name;
+  std::string description;
+  std::function<FormRef()> build;
+};
+
+using SceneSource = std::vector<Scene> (*)();
+
+// Each scenes file registers its source with a static SceneRegistrar; the gallery renders them in
+// the order of their names.
+std::vector<std::pair<std::string, SceneSource>>& sceneSources();
+struct SceneRegistrar {
+  SceneRegistrar(const std::string& group, SceneSource source) { sceneSources().emplace_back(group, source); }
+};
+
+}  // namespace corvane::gallery

@@ -1,0 +1,165 @@
+#include "desktop/desktop.h"
+
+#include <spawn.h>
+#include <sys/utsname.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <thread>
+
+#include "desktop/gdi.h"
+
+extern char** environ;
+
+namespace corvane {
+
+namespace {
+
+std::string executableFolder() {
+  std::error_code ec;
+  auto exe = std::filesystem::read_symlink("/proc/self/exe", ec);
+  return ec ? std::string(".") : exe.parent_path().string();
+}
+
+std::string executableName() {
+  std::error_code ec;
+  auto exe = std::filesystem::read_symlink("/proc/self/exe", ec);
+  return ec ? std::string("corvane") : exe.stem().string();
+}
+
+// The version facts of this system: the kernel's release numbers stand in the version fields,
+// in the family of the newer systems (platform 2).
+OSVERSIONINFO systemVersion() {
+  OSVERSIONINFO v;
+  v.dwPlatformId = 2;
+  utsname u{};
+  if (uname(&u) == 0) {
+    int major = 0, minor = 0, patch = 0;
+    std::sscanf(u.release, "%d.%d.%d", &major, &minor, &patch);
+    v.dwMajorVersion = major;
+    v.dwMinorVersion = minor;
+    v.dwBuildNumber = patch;
+    v.szCSDVersion = u.version;
+  }
+  return v;
+}
+
+}  // namespace
+
+Desktop::Desktop() : Desktop(Options{}) {}
+
+Desktop::Desktop(Options options)
+    : m_options(options),
+      m_clock(options.virtualClock),
+      m_windows(std::make_unique<WindowManager>(m_clock, options.width, options.height)),
+      m_gdi(std::make_unique<DesktopGdi>(*m_windows)),
+      m_screen(std::make_unique<Canvas>(options.width, options.height, options.desktopColour)),
+      m_appPath(executableFolder()),
+      m_appName(executableName()),
+      m_version(systemVersion()) {
+  m_windows->setScreenCanvas(m_screen.get());
+  m_windows->setRegionSource([this](HRGN r) { return m_gdi->regionRects(r); },
+                             [this](HRGN r) { m_gdi->DeleteObject(r); });
+  setTwipsPerPixel(options.twipsPerPixelX, options.twipsPerPixelY);
+}
+
+Desktop::~Desktop() {
+  for (HWND h : m_windows->topLevelWindows()) m_windows->DestroyWindow(h);
+}
+
+GdiApi& Desktop::gdi() { return *m_gdi; }
+
+void Desktop::setTwipsPerPixel(int32_t x, int32_t y) {
+  m_options.twipsPerPixelX = x;
+  m_options.twipsPerPixelY = y;
+  m_gdi->setPixelsPerInch(1440 / x, 1440 / y);
+}
+
+int32_t Desktop::liveDrawingObjects() const { return m_gdi->liveObjectCount(); }
+
+void Desktop::click(int32_t x, int32_t y) {
+  mouseMove(x, y);
+  mouseDown(1);
+  mouseUp(1);
+}
+
+void Desktop::doubleClick(int32_t x, int32_t y) {
+  click(x, y);
+  advance(50);
+  mouseDown(1);
+  mouseUp(1);
+}
+
+Canvas& Desktop::screen() {
+  m_windows->compose(*m_screen, m_options.desktopColour);
+  return *m_screen;
+}
+
+bool Desktop::savePng(const std::string& path) {
+  std::error_code ec;
+  auto parent = std::filesystem::path(path).parent_path();
+  if (!parent.empty()) std::filesystem::create_directories(parent, ec);
+  return cairo_surface_write_to_png(screen().surface(), path.c_str()) == CAIRO_STATUS_SUCCESS;
+}
+
+bool Desktop::saveWindowPng(HWND hWnd, const std::string& path) {
+  RECT r;
+  if (!m_windows->GetWindowRect(hWnd, r)) return false;
+  Canvas& s = screen();
+  Canvas part(r.Right - r.Left, r.Bottom - r.Top, 0);
+  cairo_t* cr = cairo_create(part.surface());
+  cairo_set_source_surface(cr, s.surface(), -r.Left, -r.Top);
+  cairo_paint(cr);
+  cairo_destroy(cr);
+  std::error_code ec;
+  auto parent = std::filesystem::path(path).parent_path();
+  if (!parent.empty()) std::filesystem::create_directories(parent, ec);
+  return cairo_surface_write_to_png(part.surface(), path.c_str()) == CAIRO_STATUS_SUCCESS;
+}
+
+bool Desktop::GetVersionExA(OSVERSIONINFO& info) {
+  info = m_version;
+  return true;
+}
+
+// There are no short names here: the short form of an existing path is its canonical form.
+int32_t Desktop::GetShortPathNameA(const std::string& longPath, std::string& shortPath, int32_t bufferSize) {
+  std::error_code ec;
+  auto canon = std::filesystem::canonical(longPath, ec);
+  if (ec) return 0;
+  std::string s = canon.string();
+  if (static_cast<int32_t>(s.size()) >= bufferSize) return static_cast<int32_t>(s.size()) + 1;
+  shortPath = s;
+  return static_cast<int32_t>(s.size());
+}
+
+// Plays asynchronously through the system's sound player where audio output is switched on;
+// a missing file or player is no error. Every request is recorded.
+bool Desktop::sndPlaySoundA(const std::string& path, int32_t) {
+  m_sounds.push_back(path);
+  std::string native = path;  // the library writes paths with backslashes
+  std::replace(native.begin(), native.end(), '\\', '/');
+  if (!m_soundOutput || !std::filesystem::exists(native)) return true;
+  for (const char* player : {"/usr/bin/paplay", "/usr/bin/aplay"}) {
+    if (access(player, X_OK) != 0) continue;
+    pid_t pid;
+    std::string p = native;
+    char* argv[] = {const_cast<char*>(player), p.data(), nullptr};
+    if (posix_spawn(&pid, player, nullptr, nullptr, argv, environ) == 0) {
+      // Reap the child in the background so that no zombie is left.
+      std::thread([pid] { int st; waitpid(pid, &st, 0); }).detach();
+    }
+    break;
+  }
+  return true;
+}
+
+Platform& defaultPlatform() {
+  static Desktop desktop(Desktop::Options{.virtualClock = std::getenv("CORVANE_HEADLESS") != nullptr});
+  return desktop;
+}
+
+}  // namespace corvane

@@ -1,0 +1,87 @@
+#pragma once
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "desktop/canvas.h"
+#include "desktop/clock.h"
+#include "desktop/window_manager.h"
+#include "platform/platform.h"
+
+namespace corvane {
+
+class DesktopGdi;
+
+// The built-in platform: windows, drawing and system services in process, on a screen image that
+// can be saved as PNG or shown by a viewer. With a virtual clock it is fully deterministic.
+class Desktop : public Platform, public SystemApi {
+ public:
+  struct Options {
+    int32_t width = 1024;
+    int32_t height = 768;
+    bool virtualClock = true;
+    int32_t twipsPerPixelX = 15;
+    int32_t twipsPerPixelY = 15;
+    COLORREF desktopColour = 0xA56E3A;  // the classic blue-grey desktop
+  };
+
+  Desktop();
+  explicit Desktop(Options options);
+  ~Desktop() override;
+
+  GdiApi& gdi() override;
+  UserApi& user() override { return *m_windows; }
+  SystemApi& system() override { return *this; }
+
+  WindowManager& windows() { return *m_windows; }
+  DesktopGdi& drawing() { return *m_gdi; }
+  Clock& clock() { return m_clock; }
+
+  int32_t twipsPerPixelX() const { return m_options.twipsPerPixelX; }
+  int32_t twipsPerPixelY() const { return m_options.twipsPerPixelY; }
+  void setTwipsPerPixel(int32_t x, int32_t y);
+
+  // Drawing objects alive (pens, brushes, fonts, regions, bitmaps made by Create... calls).
+  int32_t liveDrawingObjects() const;
+
+  // Synthetic input and time, forwarded to the window side.
+  void mouseMove(int32_t x, int32_t y) { m_windows->mouseMove(x, y); }
+  void mouseDown(int32_t button = 1) { m_windows->mouseDown(button); }
+  void mouseUp(int32_t button = 1) { m_windows->mouseUp(button); }
+  void click(int32_t x, int32_t y);        // move, press and release the left button
+  void doubleClick(int32_t x, int32_t y);  // two clicks within the double-click time
+  void advance(int64_t ms) { m_windows->advance(ms); }
+
+  // The composed screen, brought up to date.
+  Canvas& screen();
+  // Saves the screen, or the part a window covers, as PNG; false on failure.
+  bool savePng(const std::string& path);
+  bool saveWindowPng(HWND hWnd, const std::string& path);
+
+  // SystemApi.
+  bool GetVersionExA(OSVERSIONINFO& info) override;
+  int32_t GetShortPathNameA(const std::string& longPath, std::string& shortPath, int32_t bufferSize) override;
+  bool sndPlaySoundA(const std::string& path, int32_t flags) override;
+  std::string applicationPath() override { return m_appPath; }
+  std::string applicationName() override { return m_appName; }
+
+  // Test and host settings of the system facts.
+  void setApplicationPath(const std::string& path) { m_appPath = path; }
+  void setApplicationName(const std::string& name) { m_appName = name; }
+  void setVersion(const OSVERSIONINFO& info) { m_version = info; }
+  const std::vector<std::string>& soundsPlayed() const { return m_sounds; }
+  void setSoundOutput(bool on) { m_soundOutput = on; }  // real audio output where a player exists
+
+ private:
+  Options m_options;
+  Clock m_clock;
+  std::unique_ptr<WindowManager> m_windows;
+  std::unique_ptr<DesktopGdi> m_gdi;
+  std::unique_ptr<Canvas> m_screen;
+  std::string m_appPath, m_appName;
+  OSVERSIONINFO m_version;
+  std::vector<std::string> m_sounds;
+  bool m_soundOutput = false;
+};
+
+}  // namespace corvane

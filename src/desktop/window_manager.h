@@ -1,0 +1,206 @@
+#pragma once
+#include <deque>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "desktop/canvas.h"
+#include "desktop/clock.h"
+#include "desktop/window_images.h"
+#include "platform/platform.h"
+
+namespace corvane {
+
+// One window of the desktop. Windows have no non-client area: the client rectangle is the window.
+struct DesktopWindow {
+  HWND hwnd = 0;
+  HWND parent = 0;
+  std::string className;
+  std::string title;
+  int32_t style = 0;
+  int32_t exStyle = 0;
+  int32_t classStyle = 0;
+  RECT rect;  // in the parent's client coordinates; screen coordinates for a top-level window
+  bool visible = false;
+  bool enabled = true;
+  COLORREF background = 0xFFFFFF;
+  std::unique_ptr<Canvas> canvas;
+  std::vector<HWND> children;  // bottom to top
+  std::map<std::string, int32_t> props;
+  WNDPROC proc = 0;
+  std::optional<std::vector<RECT>> region;  // in window coordinates
+  uint8_t alpha = 255;                      // used while the layered style is set
+  bool needsPaint = false;
+  int32_t processId = 0;
+};
+
+// The window side of the desktop: windows with z-order, messages through window procedures,
+// window properties, input with capture and mouse-leave tracking, and timers on a clock.
+class WindowManager : public UserApi, public WindowImages {
+ public:
+  WindowManager(Clock& clock, int32_t screenWidth, int32_t screenHeight);
+  ~WindowManager() override;
+
+  // The drawing side hands regions over by handle (rectangles) and frees them.
+  void setRegionSource(std::function<std::vector<RECT>(HRGN)> rects, std::function<void(HRGN)> release);
+
+  // UserApi.
+  HWND CreateWindowExA(int32_t exStyle, const std::string& className, const std::string& title, int32_t style,
+                       int32_t x, int32_t y, int32_t width, int32_t height, HWND parent, WNDPROC proc) override;
+  bool DestroyWindow(HWND hWnd) override;
+  bool IsWindow(HWND hWnd) override;
+  bool IsWindowVisible(HWND hWnd) override;
+  bool IsWindowEnabled(HWND hWnd) override;
+  bool EnableWindow(HWND hWnd, bool enable) override;
+  bool ShowWindow(HWND hWnd, int32_t command) override;
+  bool MoveWindow(HWND hWnd, int32_t x, int32_t y, int32_t width, int32_t height, bool repaint) override;
+  bool SetWindowPos(HWND hWnd, HWND after, int32_t x, int32_t y, int32_t cx, int32_t cy, int32_t flags) override;
+  bool GetWindowRect(HWND hWnd, RECT& rect) override;
+  bool GetClientRect(HWND hWnd, RECT& rect) override;
+  HWND GetParent(HWND hWnd) override;
+  HWND SetParent(HWND hWnd, HWND parent) override;
+  std::vector<HWND> childWindows(HWND hWnd) override;
+  int32_t GetWindowLongA(HWND hWnd, int32_t index) override;
+  int32_t SetWindowLongA(HWND hWnd, int32_t index, int32_t value) override;
+  int32_t GetClassLongA(HWND hWnd, int32_t index) override;
+  int32_t SetClassLongA(HWND hWnd, int32_t index, int32_t value) override;
+  bool SetLayeredWindowAttributes(HWND hWnd, COLORREF key, uint8_t alpha, int32_t flags) override;
+  int32_t SetWindowRgn(HWND hWnd, HRGN region, bool redraw) override;
+  bool SetForegroundWindow(HWND hWnd) override;
+  HWND GetForegroundWindow() override { return m_foreground; }
+  HWND SetFocus(HWND hWnd) override;
+  HWND GetFocus() override { return m_focus; }
+  bool SetWindowTextA(HWND hWnd, const std::string& text) override;
+  std::string GetWindowTextA(HWND hWnd) override;
+  bool InvalidateRect(HWND hWnd, const RECT* rect, bool erase) override;
+  bool UpdateWindow(HWND hWnd) override;
+
+  WNDPROC RegisterWindowProc(WindowProcedure proc) override;
+  void UnregisterWindowProc(WNDPROC proc) override;
+  LRESULT CallWindowProcA(WNDPROC proc, HWND hWnd, int32_t msg, WPARAM wParam, LPARAM lParam) override;
+  LRESULT DefWindowProcA(HWND hWnd, int32_t msg, WPARAM wParam, LPARAM lParam) override;
+  LRESULT SendMessageA(HWND hWnd, int32_t msg, WPARAM wParam, LPARAM lParam) override;
+  bool PostMessageA(HWND hWnd, int32_t msg, WPARAM wParam, LPARAM lParam) override;
+  bool SetPropA(HWND hWnd, const std::string& name, int32_t value) override;
+  int32_t GetPropA(HWND hWnd, const std::string& name) override;
+  int32_t RemovePropA(HWND hWnd, const std::string& name) override;
+  int32_t GetWindowThreadProcessId(HWND hWnd, int32_t* processId) override;
+  int32_t GetCurrentProcessId() override;
+
+  bool GetCursorPos(POINTAPI& point) override;
+  bool SetCursorPos(int32_t x, int32_t y) override;
+  HWND WindowFromPoint(int32_t x, int32_t y) override;
+  bool ScreenToClient(HWND hWnd, POINTAPI& point) override;
+  bool ClientToScreen(HWND hWnd, POINTAPI& point) override;
+  HWND SetCapture(HWND hWnd) override;
+  bool ReleaseCapture() override;
+  HWND GetCapture() override { return m_capture; }
+  bool ClipCursor(const RECT* rect) override;
+  int16_t GetAsyncKeyState(int32_t key) override;
+  bool TrackMouseEvent(TRACKMOUSEEVENT& request) override;
+  int32_t GetSystemMetrics(int32_t index) override;
+
+  int32_t SetTimer(HWND hWnd, int32_t id, int32_t milliseconds) override;
+  bool KillTimer(HWND hWnd, int32_t id) override;
+  uint32_t GetTickCount() override { return static_cast<uint32_t>(m_clock.now()); }
+  int32_t DoEvents() override;
+  bool WaitForWork(int32_t maxMilliseconds) override;
+
+  // WindowImages.
+  Canvas* windowCanvas(HWND hWnd) override;
+  void windowDrawn(HWND hWnd) override { ++m_drawCount; (void)hWnd; }
+
+  // Desktop services beyond the platform calls.
+  const DesktopWindow* window(HWND hWnd) const;
+  void setScreenCanvas(Canvas* screen) { m_screen = screen; }  // what a context on window 0 draws into
+  void setWindowBackground(HWND hWnd, COLORREF colour);
+  void setWindowProcess(HWND hWnd, int32_t processId);  // makes a window look foreign, for tests
+  std::vector<HWND> topLevelWindows() const;             // bottom to top, top-most ones last
+  int32_t screenWidth() const { return m_screenWidth; }
+  int32_t screenHeight() const { return m_screenHeight; }
+  uint64_t drawCount() const { return m_drawCount; }
+
+  // Synthetic input: each call delivers its messages at once, then pumps posted messages.
+  void mouseMove(int32_t x, int32_t y);
+  void mouseDown(int32_t button);  // 1 left, 2 right, 4 middle
+  void mouseUp(int32_t button);
+  void keyDown(int32_t virtualKey);
+  void keyUp(int32_t virtualKey);
+  void typeChar(int32_t charCode);
+  int32_t keyState() const;  // MK_ flags for wParam
+
+  // Moves the virtual clock by ms, firing each timer as it falls due.
+  void advance(int64_t ms);
+  int64_t nextTimerDue() const;  // -1 when there is none
+
+  // Composes all visible windows into the screen image.
+  void compose(Canvas& screen, COLORREF desktopColour);
+
+ private:
+  struct Timer {
+    HWND hwnd;
+    int32_t id;
+    int32_t interval;
+    int64_t due;
+  };
+  struct Posted {
+    HWND hwnd;
+    int32_t msg;
+    WPARAM wParam;
+    LPARAM lParam;
+  };
+
+  DesktopWindow* find(HWND hWnd);
+  std::vector<HWND>& siblingsOf(DesktopWindow& w);
+  void raise(DesktopWindow& w);
+  void resizeTo(DesktopWindow& w, int32_t x, int32_t y, int32_t width, int32_t height);
+  bool isShown(const DesktopWindow& w) const;  // visible with all its ancestors
+  bool regionContains(const DesktopWindow& w, int32_t x, int32_t y) const;
+  HWND childFromPoint(const DesktopWindow& w, int32_t x, int32_t y) const;
+  POINTAPI screenOrigin(const DesktopWindow& w) const;
+  void deliverMouse(int32_t msg, HWND target);
+  void checkMouseLeave(HWND over);
+  void fireTimers(int64_t upTo);
+  void composeWindow(const DesktopWindow& w, Canvas& screen, int32_t ox, int32_t oy, RECT clip, double alpha);
+  void paintPending();
+
+  Clock& m_clock;
+  int32_t m_screenWidth, m_screenHeight;
+  std::unordered_map<HWND, std::unique_ptr<DesktopWindow>> m_windows;
+  std::vector<HWND> m_topLevel;  // bottom to top
+  std::unordered_map<WNDPROC, WindowProcedure> m_procs;
+  WNDPROC m_nextProc = 0x400000;
+  HWND m_nextHwnd = 0x10000;
+  std::deque<Posted> m_posted;
+  std::vector<Timer> m_timers;
+  POINTAPI m_cursor;
+  std::optional<RECT> m_cursorClip;
+  HWND m_capture = 0, m_focus = 0, m_foreground = 0, m_tracking = 0;
+  int32_t m_buttons = 0;
+  std::map<int32_t, bool> m_keys;
+  struct LastClick {
+    HWND hwnd = 0;
+    int32_t button = 0;
+    int64_t time = -1000000;
+    POINTAPI at;
+  } m_lastClick;
+  std::function<std::vector<RECT>(HRGN)> m_regionRects;
+  std::function<void(HRGN)> m_regionRelease;
+  uint64_t m_drawCount = 0;
+  Canvas* m_screen = nullptr;
+  int32_t m_processId;
+};
+
+// Packs client coordinates into a message's lParam, each as a signed 16-bit value.
+constexpr LPARAM makePointParam(int32_t x, int32_t y) {
+  return static_cast<LPARAM>((static_cast<uint32_t>(static_cast<uint16_t>(x))) |
+                             (static_cast<uint32_t>(static_cast<uint16_t>(y)) << 16));
+}
+constexpr int32_t pointParamX(LPARAM l) { return static_cast<int16_t>(l & 0xFFFF); }
+constexpr int32_t pointParamY(LPARAM l) { return static_cast<int16_t>((static_cast<uint32_t>(l) >> 16) & 0xFFFF); }
+
+}  // namespace corvane

@@ -1,0 +1,355 @@
+#include "host/surface.h"
+
+#include <algorithm>
+
+#include "host/screen.h"
+#include "platform/api.h"
+#include "runtime/checked.h"
+
+namespace corvane {
+
+namespace {
+constexpr float kTwipsPerHiMetric = 1440.0f / 2540.0f;
+
+std::vector<std::string> splitLines(const std::string& text) {
+  std::vector<std::string> lines;
+  std::string cur;
+  for (size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') continue;
+    if (text[i] == '\n' || text[i] == '\r') {
+      lines.push_back(cur);
+      cur.clear();
+    } else {
+      cur += text[i];
+    }
+  }
+  lines.push_back(cur);
+  return lines;
+}
+}  // namespace
+
+COLORREF translateColor(OLE_COLOR colour) {
+  if (colour == -1) return 0xFFFFFF;  // the engine takes -1 as plain white
+  COLORREF rgb = 0;
+  if (gdi().OleTranslateColor(colour, 0, rgb) != 0) throw RuntimeError(err::InvalidPropertyValue);
+  return rgb;
+}
+
+Surface::Surface(HWND hWnd) : m_hWnd(hWnd), m_hdc(gdi().GetDC(hWnd)), m_font(StdFont::create()) {}
+
+Surface::~Surface() { gdi().ReleaseDC(m_hWnd, m_hdc); }
+
+void Surface::setBackColor(OLE_COLOR c) {
+  translateColor(c);
+  m_backColor = c;
+  Cls();
+}
+
+void Surface::setFont(FontRef f) {
+  if (!f) throw RuntimeError(err::InvalidPropertyValue, "Cannot set Font to Nothing");
+  m_font = std::move(f);
+}
+
+float Surface::Width() const { return static_cast<float>(pixelWidth()) * Screen::instance().TwipsPerPixelX(); }
+float Surface::Height() const { return static_cast<float>(pixelHeight()) * Screen::instance().TwipsPerPixelY(); }
+
+int32_t Surface::pixelWidth() const {
+  RECT r;
+  user().GetClientRect(m_hWnd, r);
+  return r.Right;
+}
+
+int32_t Surface::pixelHeight() const {
+  RECT r;
+  user().GetClientRect(m_hWnd, r);
+  return r.Bottom;
+}
+
+void Surface::setWidth(float twips) {
+  RECT r;
+  user().GetWindowRect(m_hWnd, r);
+  POINTAPI p{r.Left, r.Top};
+  if (HWND parent = user().GetParent(m_hWnd)) user().ScreenToClient(parent, p);
+  user().MoveWindow(m_hWnd, p.x, p.y, CLng(twips / Screen::instance().TwipsPerPixelX()), r.Bottom - r.Top, true);
+}
+
+void Surface::setHeight(float twips) {
+  RECT r;
+  user().GetWindowRect(m_hWnd, r);
+  POINTAPI p{r.Left, r.Top};
+  if (HWND parent = user().GetParent(m_hWnd)) user().ScreenToClient(parent, p);
+  user().MoveWindow(m_hWnd, p.x, p.y, r.Right - r.Left, CLng(twips / Screen::instance().TwipsPerPixelY()), true);
+}
+
+float Surface::twipsPerUnit(int16_t mode, bool horizontal) {
+  switch (mode) {
+    case Pixels: return horizontal ? Screen::instance().TwipsPerPixelX() : Screen::instance().TwipsPerPixelY();
+    case HiMetric: return kTwipsPerHiMetric;
+    default: return 1.0f;  // twips
+  }
+}
+
+float Surface::unitsPerPixelX() const {
+  if (m_scaleMode == User) return m_userWidth / static_cast<float>(std::max(pixelWidth(), 1));
+  return Screen::instance().TwipsPerPixelX() / twipsPerUnit(m_scaleMode, true);
+}
+
+float Surface::unitsPerPixelY() const {
+  if (m_scaleMode == User) return m_userHeight / static_cast<float>(std::max(pixelHeight(), 1));
+  return Screen::instance().TwipsPerPixelY() / twipsPerUnit(m_scaleMode, false);
+}
+
+void Surface::setScaleMode(int16_t mode) {
+  if (mode != User && mode != Twips && mode != Pixels && mode != HiMetric) throw RuntimeError(err::InvalidPropertyValue);
+  if (mode == User) {
+    m_userWidth = ScaleWidth();
+    m_userHeight = ScaleHeight();
+  } else {
+    m_scaleLeft = m_scaleTop = 0;
+  }
+  m_scaleMode = mode;
+}
+
+float Surface::ScaleWidth() const {
+  if (m_scaleMode == User) return m_userWidth;
+  return static_cast<float>(pixelWidth()) / (1.0f / unitsPerPixelX());
+}
+
+float Surface::ScaleHeight() const {
+  if (m_scaleMode == User) return m_userHeight;
+  return static_cast<float>(pixelHeight()) / (1.0f / unitsPerPixelY());
+}
+
+// Setting any part of the scale makes it a user scale; the other values keep their present figures.
+void Surface::setScaleLeft(float v) {
+  if (m_scaleMode != User) setScaleMode(User);
+  m_scaleLeft = v;
+}
+void Surface::setScaleTop(float v) {
+  if (m_scaleMode != User) setScaleMode(User);
+  m_scaleTop = v;
+}
+void Surface::setScaleWidth(float v) {
+  if (v == 0) throw RuntimeError(err::InvalidPropertyValue);
+  if (m_scaleMode != User) setScaleMode(User);
+  m_userWidth = v;
+}
+void Surface::setScaleHeight(float v) {
+  if (v == 0) throw RuntimeError(err::InvalidPropertyValue);
+  if (m_scaleMode != User) setScaleMode(User);
+  m_userHeight = v;
+}
+
+void Surface::Scale(float x1, float y1, float x2, float y2) {
+  setScaleLeft(x1);
+  setScaleTop(y1);
+  setScaleWidth(x2 - x1);
+  setScaleHeight(y2 - y1);
+}
+
+void Surface::resetScale() {
+  int16_t mode = m_scaleMode == User ? Twips : m_scaleMode;
+  m_scaleMode = mode;
+  m_scaleLeft = m_scaleTop = 0;
+}
+
+bool Surface::Enabled() const { return user().IsWindowEnabled(m_hWnd); }
+void Surface::setEnabled(bool v) { user().EnableWindow(m_hWnd, v); }
+bool Surface::Visible() const { return user().IsWindowVisible(m_hWnd); }
+
+void Surface::setPicture(PictureRef p) {
+  m_picture = std::move(p);
+  Cls();
+}
+
+int32_t Surface::toPixelX(float x) const { return CLng((x - m_scaleLeft) / unitsPerPixelX()); }
+int32_t Surface::toPixelY(float y) const { return CLng((y - m_scaleTop) / unitsPerPixelY()); }
+float Surface::fromPixelX(int32_t px) const { return static_cast<float>(px) * unitsPerPixelX() + m_scaleLeft; }
+float Surface::fromPixelY(int32_t py) const { return static_cast<float>(py) * unitsPerPixelY() + m_scaleTop; }
+
+float Surface::ScaleX(float value, int16_t from, int16_t to) const {
+  auto twipsPer = [&](int16_t mode) {
+    if (mode == -1) mode = m_scaleMode;
+    if (mode == User) return unitsPerPixelX() == 0 ? 1.0f : Screen::instance().TwipsPerPixelX() / unitsPerPixelX();
+    return twipsPerUnit(mode, true);
+  };
+  return value * twipsPer(from) / twipsPer(to);
+}
+
+float Surface::ScaleY(float value, int16_t from, int16_t to) const {
+  auto twipsPer = [&](int16_t mode) {
+    if (mode == -1) mode = m_scaleMode;
+    if (mode == User) return unitsPerPixelY() == 0 ? 1.0f : Screen::instance().TwipsPerPixelY() / unitsPerPixelY();
+    return twipsPerUnit(mode, false);
+  };
+  return value * twipsPer(from) / twipsPer(to);
+}
+
+void Surface::Cls() {
+  HBRUSH b = gdi().CreateSolidBrush(translateColor(m_backColor));
+  gdi().FillRect(m_hdc, RECT{0, 0, pixelWidth(), pixelHeight()}, b);
+  gdi().DeleteObject(b);
+  if (m_picture && m_picture->Handle()) {
+    SIZE s = m_picture->pixelSize();
+    COLORREF mask = (m_maskPicture && m_backStyle == 0) ? translateColor(m_maskColor) : -1;
+    m_picture->Render(m_hdc, 0, 0, s.cx, s.cy, mask);
+  }
+  m_currentX = m_scaleLeft;
+  m_currentY = m_scaleTop;
+}
+
+void Surface::Refresh() {
+  user().InvalidateRect(m_hWnd, nullptr, false);
+  user().UpdateWindow(m_hWnd);
+}
+
+void Surface::Line(float x1, float y1, float x2, float y2, OLE_COLOR colour, bool box, bool fill) {
+  COLORREF rgb = translateColor(colour);
+  int32_t px1 = toPixelX(x1), py1 = toPixelY(y1), px2 = toPixelX(x2), py2 = toPixelY(y2);
+  if (box && fill) {
+    HBRUSH b = gdi().CreateSolidBrush(rgb);
+    gdi().FillRect(m_hdc, RECT{std::min(px1, px2), std::min(py1, py2), std::max(px1, px2) + 1, std::max(py1, py2) + 1}, b);
+    gdi().DeleteObject(b);
+  } else {
+    HPEN pen = gdi().CreatePen(PS_SOLID, 1, rgb);
+    HGDIOBJ old = gdi().SelectObject(m_hdc, pen);
+    if (box) {
+      gdi().MoveToEx(m_hdc, px1, py1, nullptr);
+      gdi().LineTo(m_hdc, px2, py1);
+      gdi().LineTo(m_hdc, px2, py2);
+      gdi().LineTo(m_hdc, px1, py2);
+      gdi().LineTo(m_hdc, px1, py1);
+    } else {
+      gdi().MoveToEx(m_hdc, px1, py1, nullptr);
+      gdi().LineTo(m_hdc, px2, py2);
+      gdi().SetPixel(m_hdc, px2, py2, rgb);  // the engine's line includes its end point
+    }
+    gdi().SelectObject(m_hdc, old);
+    gdi().DeleteObject(pen);
+  }
+  m_currentX = x2;
+  m_currentY = y2;
+}
+
+void Surface::PaintPicture(const PictureRef& picture, float x, float y, float width, float height) {
+  if (!picture) throw RuntimeError(err::ObjectNotSet);
+  int32_t px = toPixelX(x), py = toPixelY(y);
+  int32_t pw = CLng(width / unitsPerPixelX()), ph = CLng(height / unitsPerPixelY());
+  picture->Render(m_hdc, px, py, pw, ph);
+}
+
+void Surface::selectFont() { gdi().SetDCFont(m_hdc, m_font->spec()); }
+
+float Surface::TextWidth(const std::string& text) {
+  selectFont();
+  int32_t widest = 0;
+  for (const std::string& line : splitLines(text)) {
+    SIZE s;
+    gdi().GetTextExtentPoint32A(m_hdc, line, s);
+    widest = std::max(widest, s.cx);
+  }
+  return static_cast<float>(widest) * unitsPerPixelX();
+}
+
+float Surface::TextHeight(const std::string& text) {
+  selectFont();
+  TEXTMETRIC tm;
+  gdi().GetTextMetricsA(m_hdc, tm);
+  return static_cast<float>(splitLines(text).size() * tm.tmHeight) * unitsPerPixelY();
+}
+
+void Surface::Print(const std::string& text, bool newLine) {
+  selectFont();
+  gdi().SetTextColor(m_hdc, translateColor(m_foreColor));
+  gdi().SetBkMode(m_hdc, 1);
+  TEXTMETRIC tm;
+  gdi().GetTextMetricsA(m_hdc, tm);
+  auto lines = splitLines(text);
+  for (size_t i = 0; i < lines.size(); ++i) {
+    gdi().TextOutA(m_hdc, toPixelX(m_currentX), toPixelY(m_currentY), lines[i]);
+    bool last = i + 1 == lines.size();
+    if (last && !newLine) {
+      SIZE s;
+      gdi().GetTextExtentPoint32A(m_hdc, lines[i], s);
+      m_currentX += static_cast<float>(s.cx) * unitsPerPixelX();
+    } else {
+      m_currentX = m_scaleLeft;
+      m_currentY += static_cast<float>(tm.tmHeight) * unitsPerPixelY();
+    }
+  }
+}
+
+int16_t Surface::shiftState() const {
+  int16_t s = 0;
+  if (user().GetAsyncKeyState(VK_SHIFT) & 0x8000) s |= 1;
+  if (user().GetAsyncKeyState(VK_CONTROL) & 0x8000) s |= 2;
+  if (user().GetAsyncKeyState(VK_MENU) & 0x8000) s |= 4;
+  return s;
+}
+
+void Surface::handleMessage(int32_t msg, WPARAM wParam, LPARAM lParam) {
+  auto mouse = [&](Event<int16_t&, int16_t&, float&, float&>& ev, int16_t button) {
+    int16_t shift = shiftState();
+    float x = fromPixelX(static_cast<int16_t>(lParam & 0xFFFF));
+    float y = fromPixelY(static_cast<int16_t>((static_cast<uint32_t>(lParam) >> 16) & 0xFFFF));
+    ev(button, shift, x, y);
+  };
+  auto buttonsOf = [](WPARAM w) {
+    return static_cast<int16_t>(((w & MK_LBUTTON) ? 1 : 0) | ((w & MK_RBUTTON) ? 2 : 0) | ((w & MK_MBUTTON) ? 4 : 0));
+  };
+  switch (msg) {
+    case wm::LBUTTONDOWN:
+    case wm::RBUTTONDOWN:
+    case wm::MBUTTONDOWN:
+      user().SetCapture(m_hWnd);  // the engine holds the mouse while a button is down
+      if (msg == wm::LBUTTONDOWN) m_leftDownHere = true;
+      mouse(MouseDown, msg == wm::LBUTTONDOWN ? 1 : msg == wm::RBUTTONDOWN ? 2 : 4);
+      break;
+    case wm::LBUTTONUP:
+    case wm::RBUTTONUP:
+    case wm::MBUTTONUP: {
+      if (buttonsOf(wParam) == 0 && user().GetCapture() == m_hWnd) user().ReleaseCapture();
+      mouse(MouseUp, msg == wm::LBUTTONUP ? 1 : msg == wm::RBUTTONUP ? 2 : 4);
+      if (msg == wm::LBUTTONUP && m_leftDownHere) {
+        m_leftDownHere = false;
+        int32_t x = static_cast<int16_t>(lParam & 0xFFFF), y = static_cast<int16_t>((static_cast<uint32_t>(lParam) >> 16) & 0xFFFF);
+        if (x >= 0 && y >= 0 && x < pixelWidth() && y < pixelHeight()) Click();
+      }
+      break;
+    }
+    case wm::LBUTTONDBLCLK:
+    case wm::RBUTTONDBLCLK:
+      user().SetCapture(m_hWnd);
+      m_leftDownHere = false;
+      DblClick();
+      break;
+    case wm::MOUSEMOVE:
+      mouse(MouseMove, buttonsOf(wParam));
+      break;
+    case wm::KEYDOWN: {
+      int16_t code = static_cast<int16_t>(wParam), shift = shiftState();
+      KeyDown(code, shift);
+      break;
+    }
+    case wm::KEYUP: {
+      int16_t code = static_cast<int16_t>(wParam), shift = shiftState();
+      KeyUp(code, shift);
+      break;
+    }
+    case wm::CHAR: {
+      int16_t ascii = static_cast<int16_t>(wParam);
+      KeyPress(ascii);
+      break;
+    }
+    case wm::SIZE:
+      Resize();
+      break;
+    case wm::PAINT:
+      if (!m_autoRedraw) Paint();
+      break;
+    default:
+      break;
+  }
+}
+
+}  // namespace corvane
