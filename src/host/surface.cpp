@@ -162,6 +162,68 @@ void Surface::setPicture(PictureRef p) {
   Cls();
 }
 
+void Surface::setMaskPicture(PictureRef p) {
+  m_maskPicture = std::move(p);
+  updateMaskRegion();
+}
+
+void Surface::setMaskColor(OLE_COLOR c) {
+  translateColor(c);
+  m_maskColor = c;
+  updateMaskRegion();
+}
+
+void Surface::setBackStyle(int16_t v) {
+  if (v != 0 && v != 1) throw RuntimeError(err::InvalidPropertyValue);
+  m_backStyle = v;
+  updateMaskRegion();
+}
+
+void Surface::updateMaskRegion() {
+  bool applies = m_backStyle == 0 && m_maskPicture && m_maskPicture->Handle() != 0;
+  if (!applies) {
+    // Only a region of our own making is taken away again; a shaped form keeps its own.
+    if (m_maskShape) {
+      user().SetWindowRgn(m_hWnd, 0, true);
+      m_maskShape.reset();
+    }
+    return;
+  }
+  MaskShape shape{m_maskPicture->Handle(), translateColor(m_maskColor) & 0xFFFFFF};
+  if (m_maskShape && *m_maskShape == shape) return;
+
+  // Render the mask into a memory context of its own size and scan it row by row; what the
+  // picture leaves transparent reads as the mask colour, so it falls away as well.
+  SIZE size = m_maskPicture->pixelSize();
+  HDC mem = gdi().CreateCompatibleDC(m_hdc);
+  HBITMAP bitmap = gdi().CreateCompatibleBitmap(m_hdc, std::max(size.cx, 1), std::max(size.cy, 1));
+  HGDIOBJ oldBitmap = gdi().SelectObject(mem, bitmap);
+  HBRUSH fill = gdi().CreateSolidBrush(shape.colour);
+  gdi().FillRect(mem, RECT{0, 0, size.cx, size.cy}, fill);
+  gdi().DeleteObject(fill);
+  m_maskPicture->Render(mem, 0, 0, size.cx, size.cy);
+
+  HRGN shapeRegion = gdi().CreateRectRgn(0, 0, 0, 0);
+  for (int32_t y = 0; y < size.cy; ++y) {
+    int32_t x = 0;
+    while (x < size.cx) {
+      while (x < size.cx && (gdi().GetPixel(mem, x, y) & 0xFFFFFF) == shape.colour) ++x;
+      int32_t start = x;
+      while (x < size.cx && (gdi().GetPixel(mem, x, y) & 0xFFFFFF) != shape.colour) ++x;
+      if (x > start) {
+        HRGN run = gdi().CreateRectRgn(start, y, x, y + 1);
+        gdi().CombineRgn(shapeRegion, shapeRegion, run, RGN_OR);
+        gdi().DeleteObject(run);
+      }
+    }
+  }
+  gdi().SelectObject(mem, oldBitmap);
+  gdi().DeleteObject(bitmap);
+  gdi().DeleteDC(mem);
+  user().SetWindowRgn(m_hWnd, shapeRegion, true);  // the window owns the region from here on
+  m_maskShape = shape;
+}
+
 int32_t Surface::toPixelX(float x) const { return CLng((x - m_scaleLeft) / unitsPerPixelX()); }
 int32_t Surface::toPixelY(float y) const { return CLng((y - m_scaleTop) / unitsPerPixelY()); }
 float Surface::fromPixelX(int32_t px) const { return static_cast<float>(px) * unitsPerPixelX() + m_scaleLeft; }

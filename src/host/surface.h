@@ -1,4 +1,5 @@
 #pragma once
+#include <optional>
 #include <string>
 
 #include "host/std_font.h"
@@ -80,12 +81,16 @@ class Surface {
   // back style the pixels of the mask colour fall away.
   const PictureRef& Picture() const { return m_picture; }
   void setPicture(PictureRef p);
+  // Transparency: with BackStyle 0 and a mask picture, the window keeps only the pixels where the
+  // mask picture (at the top left, its own size) is not MaskColor; the rest of the window is cut
+  // away by a window region, so the container shows through and the mouse passes to it. A mask
+  // colour that is no valid colour is error 380, a back style other than 0 or 1 too.
   const PictureRef& MaskPicture() const { return m_maskPicture; }
-  void setMaskPicture(PictureRef p) { m_maskPicture = std::move(p); }
+  void setMaskPicture(PictureRef p);
   OLE_COLOR MaskColor() const { return m_maskColor; }
-  void setMaskColor(OLE_COLOR c) { m_maskColor = c; }
+  void setMaskColor(OLE_COLOR c);
   int16_t BackStyle() const { return m_backStyle; }
-  void setBackStyle(int16_t v) { m_backStyle = v; }
+  void setBackStyle(int16_t v);
 
   // Drawing methods, in the surface's scale.
   void Cls();
@@ -124,6 +129,9 @@ class Surface {
   static float twipsPerUnit(int16_t mode, bool horizontal);
   void selectFont();
   int16_t shiftState() const;
+  // Cuts the window to the mask when transparency applies, and gives it back its full shape when
+  // it no longer does.
+  void updateMaskRegion();
 
   HWND m_hWnd;
   HDC m_hdc;
@@ -139,6 +147,13 @@ class Surface {
   OLE_COLOR m_maskColor = 0xC0C0C0;
   int16_t m_backStyle = 1;
   bool m_leftDownHere = false;
+  // What the present window region was made from, so that an unchanged mask is not scanned again.
+  struct MaskShape {
+    HGDIOBJ image = 0;
+    COLORREF colour = 0;
+    bool operator==(const MaskShape&) const = default;
+  };
+  std::optional<MaskShape> m_maskShape;
 };
 
 // The RGB value of an OLE colour (a system colour resolved); error 380 for an invalid one.

@@ -4,11 +4,13 @@
 
 #include "runtime/class_registry.h"
 #include "widgets/vex_color_label.h"
+#include "widgets/vex_hover_pic.h"
 
 namespace corvane {
 
 void registerLibraryClasses(ClassRegistry& registry) {
   registry.registerFactory("VexColorLabel", [] { return std::make_shared<VexColorLabel>(); });
+  registry.registerFactory("VexHoverPic", [] { return std::make_shared<VexHoverPic>(); });
 }
 
 }  // namespace corvane
