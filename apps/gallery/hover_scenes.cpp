@@ -14,20 +14,21 @@ namespace corvane::gallery {
 namespace {
 constexpr float kTwips = 15;  // the gallery's desktop runs at 15 twips per pixel
 constexpr OLE_COLOR kFace = static_cast<OLE_COLOR>(0x8000000F);
+// White, the button's own default back colour, so that its light grey shadow shows.
+constexpr OLE_COLOR kWhite = 0xFFFFFF;
 
-FormRef makeForm(const std::string& name, float width, float height) {
+FormRef makeForm(const std::string& name, float width, float height, OLE_COLOR back = kWhite) {
   FormRef f = Form::create(name, width, height);
-  f->surface().setBackColor(kFace);
+  f->surface().setBackColor(back);
   f->surface().Font()->setName("Tahoma");
   f->surface().Font()->setSize(8);
   f->Show();
   return f;
 }
 
-// A hover button at a pixel position with the demo picture, blending into the form.
+// A hover button at a pixel position with the demo picture.
 std::shared_ptr<VexHoverPic> addHover(Form& f, const std::string& name, int32_t x, int32_t y) {
   auto h = std::dynamic_pointer_cast<VexHoverPic>(f.add("VexHoverPic", name, nullptr, x * kTwips, y * kTwips));
-  h->setBackColor(kFace);
   h->setImageUp(Global::LoadIconPicture("hover_demo"));
   return h;
 }
@@ -35,7 +36,7 @@ std::shared_ptr<VexHoverPic> addHover(Form& f, const std::string& name, int32_t 
 // A caption under a button.
 void addCaption(Form& f, const std::string& name, const std::string& text, int32_t x, int32_t y) {
   auto l = std::dynamic_pointer_cast<VexColorLabel>(f.add("VexColorLabel", name, nullptr, x * kTwips, y * kTwips,
-                                                          80 * kTwips, 16 * kTwips));
+                                                          96 * kTwips, 16 * kTwips));
   l->setCaption(text);
 }
 
@@ -66,12 +67,12 @@ std::vector<Scene> hoverScenes() {
   return {
       {"hoverpic_looks", "one up picture, four looks: up, hot with its shadow, down one pixel lower, disabled",
        [] {
-         FormRef f = makeForm("GalleryHoverLooks", 360 * kTwips, 90 * kTwips);
-         const char* captions[] = {"oben", "heiss (Schatten)", "gedrueckt", "deaktiviert"};
+         FormRef f = makeForm("GalleryHoverLooks", 420 * kTwips, 80 * kTwips);
+         const char* captions[] = {"oben", "heiß", "gedrückt", "deaktiviert"};
          for (int i = 0; i < 4; ++i) {
-           int32_t x = 20 + i * 85;
+           int32_t x = 20 + i * 100;
            auto h = addHover(*f, "hovLook" + std::to_string(i), x + 20, 14);
-           addCaption(*f, "lblLook" + std::to_string(i), captions[i], x, 60);
+           addCaption(*f, "lblLook" + std::to_string(i), captions[i], x, 56);
            if (i == 1) h->Draw(VexHoverPic::StateHot);
            if (i == 2) h->Draw(VexHoverPic::StateDown);
            if (i == 3) h->setEnabled(false);
@@ -80,14 +81,14 @@ std::vector<Scene> hoverScenes() {
        }},
       {"hoverpic_pictures", "explicit hot and down pictures replace the derived looks",
        [] {
-         FormRef f = makeForm("GalleryHoverPictures", 280 * kTwips, 90 * kTwips);
+         FormRef f = makeForm("GalleryHoverPictures", 320 * kTwips, 80 * kTwips);
          const char* captions[] = {"ImageUp", "ImageHot", "ImageDown"};
          for (int i = 0; i < 3; ++i) {
-           int32_t x = 20 + i * 85;
+           int32_t x = 20 + i * 100;
            auto h = addHover(*f, "hovPic" + std::to_string(i), x + 20, 14);
            h->setImageHot(Global::LoadIconPicture("hover_demo_hot"));
            h->setImageDown(Global::LoadIconPicture("hover_demo_down"));
-           addCaption(*f, "lblPic" + std::to_string(i), captions[i], x, 60);
+           addCaption(*f, "lblPic" + std::to_string(i), captions[i], x, 56);
            if (i == 1) h->Draw(VexHoverPic::StateHot);
            if (i == 2) h->Draw(VexHoverPic::StateDown);
          }
@@ -95,14 +96,14 @@ std::vector<Scene> hoverScenes() {
        }},
       {"hoverpic_mouse", "driven by the mouse: a pressed toggle keeps its look while the mouse is over it",
        [] {
-         FormRef f = makeForm("GalleryHoverMouse", 280 * kTwips, 90 * kTwips);
+         FormRef f = makeForm("GalleryHoverMouse", 320 * kTwips, 80 * kTwips);
          auto plain = addHover(*f, "hovPlain", 40, 14);
-         addCaption(*f, "lblPlain", "Maus darueber", 20, 60);
-         auto toggle = addHover(*f, "hovToggle", 125, 14);
+         addCaption(*f, "lblPlain", "Maus darüber", 20, 56);
+         auto toggle = addHover(*f, "hovToggle", 140, 14);
          toggle->setStyle(abCheckButton);
-         addCaption(*f, "lblToggle", "Umschalter, gedrueckt", 105, 60);
-         auto other = addHover(*f, "hovOther", 210, 14);
-         addCaption(*f, "lblOther", "verlassen", 190, 60);
+         addCaption(*f, "lblToggle", "Umschalter an", 120, 56);
+         auto other = addHover(*f, "hovOther", 240, 14);
+         addCaption(*f, "lblOther", "verlassen", 220, 56);
          // Hover over the third and leave it, press the toggle, and rest on the first.
          pointAt(*other, 10, 10);
          clickAt(*toggle, 10, 10);
@@ -112,17 +113,17 @@ std::vector<Scene> hoverScenes() {
        }},
       {"hoverpic_transparent", "a bitmap on the mask colour: opaque, and transparent over a striped container",
        [] {
-         FormRef f = makeForm("GalleryHoverTransparent", 200 * kTwips, 90 * kTwips);
+         FormRef f = makeForm("GalleryHoverTransparent", 220 * kTwips, 80 * kTwips, kFace);
          // Stripes on the form, so that what shows through is plain to see.
-         for (int32_t y = 0; y < 90; y += 8) f->surface().Line(0, y * kTwips, 200 * kTwips, (y + 3) * kTwips, 0xD0A070, true, true);
+         for (int32_t y = 0; y < 80; y += 8) f->surface().Line(0, y * kTwips, 220 * kTwips, (y + 3) * kTwips, 0xD0A070, true, true);
          const char* captions[] = {"BackStyle 1", "BackStyle 0"};
          for (int i = 0; i < 2; ++i) {
-           int32_t x = 20 + i * 90;
+           int32_t x = 20 + i * 100;
            auto h = std::dynamic_pointer_cast<VexHoverPic>(
                f->add("VexHoverPic", "hovMask" + std::to_string(i), nullptr, (x + 20) * kTwips, 14 * kTwips));
            h->setImageUp(LoadResPicture("hover_mask_demo"));
            if (i == 1) h->setBackStyle(abTransparent);
-           addCaption(*f, "lblMask" + std::to_string(i), captions[i], x, 60);
+           addCaption(*f, "lblMask" + std::to_string(i), captions[i], x, 56);
          }
          return f;
        }},

@@ -148,7 +148,7 @@ void Surface::Scale(float x1, float y1, float x2, float y2) {
 }
 
 void Surface::resetScale() {
-  int16_t mode = m_scaleMode == User ? Twips : m_scaleMode;
+  int16_t mode = m_scaleMode == User ? static_cast<int16_t>(Twips) : m_scaleMode;
   m_scaleMode = mode;
   m_scaleLeft = m_scaleTop = 0;
 }
