@@ -85,6 +85,7 @@ class TextFont {
   struct GlyphImage {
     int32_t left = 0, top = 0, width = 0, height = 0;  // relative to the origin on the baseline
     std::vector<uint8_t> coverage;
+    std::vector<int16_t> rowStart, rowEnd;  // the inked columns of each row, to skip blank ends
   };
   struct Slot {
     PangoFont* font;
