@@ -15,7 +15,8 @@
 namespace corvane {
 namespace {
 
-const std::array<std::string, 8> kWords = {"measure", "the", "quick", "brown", "foxes", "jumped", "over", "Lazy"};
+const std::array<std::string, 8> kWords = {"measure", "the",    "quick", "brown",
+                                           "foxes",   "jumped", "over",  "Lazy"};
 
 class BenchWindows : public WindowImages {
  public:
@@ -100,7 +101,8 @@ void BM_TextOutA_Word(benchmark::State& state) {
   Desk d;
   size_t i = 0;
   for (auto _ : state) {
-    d.gdi.TextOutA(d.hdc, static_cast<int32_t>(i * 37 % 1100), static_cast<int32_t>(i * 13 % 580), kWords[i & 7]);
+    d.gdi.TextOutA(d.hdc, static_cast<int32_t>(i * 37 % 1100), static_cast<int32_t>(i * 13 % 580),
+                   kWords[i & 7]);
     ++i;
   }
 }
@@ -137,7 +139,8 @@ BENCHMARK(BM_Pango_ShowLayout_Word);
 void BM_DrawTextA_SingleLine(benchmark::State& state) {
   Desk d;
   RECT r{10, 10, 400, 40};
-  for (auto _ : state) d.gdi.DrawTextA(d.hdc, "Click here to continue", -1, r, DT_SINGLELINE | DT_VCENTER | DT_CENTER);
+  for (auto _ : state)
+    d.gdi.DrawTextA(d.hdc, "Click here to continue", -1, r, DT_SINGLELINE | DT_VCENTER | DT_CENTER);
 }
 BENCHMARK(BM_DrawTextA_SingleLine);
 

@@ -29,8 +29,8 @@ inline uint32_t blendOverOpaque(uint32_t d, uint32_t srcRedBlue, uint32_t srcGre
 
 }  // namespace
 
-TextFont::TextFont(PangoContext* context, const std::string& family, int32_t pixelSize, bool bold, bool italic,
-                   FontSubstitution::Symbols symbols)
+TextFont::TextFont(PangoContext* context, const std::string& family, int32_t pixelSize, bool bold,
+                   bool italic, FontSubstitution::Symbols symbols)
     : m_context(static_cast<PangoContext*>(g_object_ref(context))),
       m_description(pango_font_description_new()),
       m_layout(pango_layout_new(context)),
@@ -73,7 +73,9 @@ TextFont::~TextFont() {
   g_object_unref(m_context);
 }
 
-int32_t TextFont::advanceOf(std::string_view text, size_t& i) { return glyph(nextCodePoint(text, i)).advance; }
+int32_t TextFont::advanceOf(std::string_view text, size_t& i) {
+  return glyph(nextCodePoint(text, i)).advance;
+}
 
 TextFont::Glyph& TextFont::glyph(char32_t c) {
   if (c < 128) return m_ascii[c];
@@ -98,7 +100,8 @@ TextFont::Glyph TextFont::shape(char32_t c) {
       if (g.slot >= 0 || (info.glyph & PANGO_GLYPH_UNKNOWN_FLAG) || info.glyph == PANGO_GLYPH_EMPTY) continue;
       // The glyph may come from a fallback face; each face keeps its own Cairo font.
       PangoFont* font = run->item->analysis.font;
-      auto found = std::find_if(m_slots.begin(), m_slots.end(), [font](const Slot& s) { return s.font == font; });
+      auto found =
+          std::find_if(m_slots.begin(), m_slots.end(), [font](const Slot& s) { return s.font == font; });
       if (found == m_slots.end()) {
         cairo_scaled_font_t* scaled = pango_cairo_font_get_scaled_font(PANGO_CAIRO_FONT(font));
         if (!scaled) continue;
@@ -222,7 +225,8 @@ void TextFont::drawWithCairo(Canvas& canvas, int32_t x, int32_t y, std::string_v
   cairo_t* cr = cairo_create(canvas.surface());
   cairo_rectangle(cr, clip.Left, clip.Top, clip.Right - clip.Left, clip.Bottom - clip.Top);
   cairo_clip(cr);
-  cairo_set_source_rgb(cr, (colour & 255) / 255.0, ((colour >> 8) & 255) / 255.0, ((colour >> 16) & 255) / 255.0);
+  cairo_set_source_rgb(cr, (colour & 255) / 255.0, ((colour >> 8) & 255) / 255.0,
+                       ((colour >> 16) & 255) / 255.0);
   const double baseline = y + m_ascent;
   int32_t pen = x, slot = -1;
   auto flushRun = [&] {
@@ -250,7 +254,8 @@ void TextFont::drawWithCairo(Canvas& canvas, int32_t x, int32_t y, std::string_v
 std::string TextFont::mapped(std::string_view text) const {
   if (m_symbols == FontSubstitution::Symbols::None) return std::string(text);
   std::string out;
-  for (size_t i = 0; i < text.size();) appendUtf8(out, FontSubstitution::mapSymbol(m_symbols, nextCodePoint(text, i)));
+  for (size_t i = 0; i < text.size();)
+    appendUtf8(out, FontSubstitution::mapSymbol(m_symbols, nextCodePoint(text, i)));
   return out;
 }
 

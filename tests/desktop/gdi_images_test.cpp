@@ -90,7 +90,8 @@ TEST(ImageCodec, IconChoosesTheLargestEntryThenTheDeepest) {
   std::vector<bool> mask(indexes.size(), false);
   const Bytes file = test::ico({square(16, 32, kArgbRed),
                                 {32, 32, test::dib(32, 32, 8, indexes, palette, false, &mask)},
-                                square(32, 32, kArgbGreen), square(24, 24, kArgbBlue)});
+                                square(32, 32, kArgbGreen),
+                                square(24, 24, kArgbBlue)});
   auto c = ImageCodec::decode(file, true);
   ASSERT_TRUE(c);
   EXPECT_EQ(c->width(), 32);
@@ -129,13 +130,15 @@ TEST(ImageCodec, TruncatedFilesGiveNothing) {
   for (const Bytes& file : files) {
     ASSERT_TRUE(ImageCodec::decode(file, true));
     for (size_t n = 0; n < file.size(); ++n)
-      EXPECT_FALSE(ImageCodec::decode(std::span(file.data(), n), true)) << "cut at " << n << " of " << file.size();
+      EXPECT_FALSE(ImageCodec::decode(std::span(file.data(), n), true))
+          << "cut at " << n << " of " << file.size();
   }
 }
 
 TEST(ImageCodec, GarbageNeverCrashes) {
   std::mt19937 random(1234);
-  const Bytes heads[] = {{}, {'B', 'M'}, {0, 0, 1, 0}, {0, 0, 2, 0}, {0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'}};
+  const Bytes heads[] = {
+      {}, {'B', 'M'}, {0, 0, 1, 0}, {0, 0, 2, 0}, {0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'}};
   for (const Bytes& head : heads)
     for (int round = 0; round < 300; ++round) {
       Bytes b = head;
@@ -272,8 +275,8 @@ TEST_F(GdiPictures, DrawStateMonoPaintsTheShapeInTheBrushColour) {
       ASSERT_EQ(canvas.pixel(x, y), inShape ? RGB(192, 192, 192) : kGreen) << x << "," << y;
     }
   // A bitmap's shape is all of it.
-  HBITMAP bitmap = gdi.LoadImageFromMemory(test::bmp(test::dib(2, 2, 24, std::vector<uint32_t>(4, 0xFF000000)), 0),
-                                           IMAGE_BITMAP);
+  HBITMAP bitmap = gdi.LoadImageFromMemory(
+      test::bmp(test::dib(2, 2, 24, std::vector<uint32_t>(4, 0xFF000000)), 0), IMAGE_BITMAP);
   ASSERT_TRUE(gdi.DrawStateA(hdc, shadow, 0, bitmap, 0, 40, 40, 0, 0, DST_BITMAP | DSS_MONO));
   EXPECT_EQ(canvas.pixel(41, 41), RGB(192, 192, 192));
   EXPECT_EQ(canvas.pixel(42, 41), kGreen);

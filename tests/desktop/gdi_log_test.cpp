@@ -40,9 +40,10 @@ TEST_F(GdiLog, EachCallIsOneLineWithItsArgumentsInOrder) {
   const Lines log = gdi.stopRecording(hdc);
   auto n = [](int32_t v) { return std::to_string(v); };
   EXPECT_EQ(log, (Lines{"CreatePen(0,1,255)", "SelectObject(" + n(pen) + ")", "MoveToEx(0,5)", "LineTo(10,5)",
-                        "CreateSolidBrush(65280)", "FillRect(0,0,10,10," + n(brush) + ")", "DrawEdge(1,2,30,20,5,15)",
-                        "DrawTextA(Hello,37)", "TextOutA(2,3,Word)", "SelectObject(" + n(old) + ")",
-                        "DeleteObject(" + n(pen) + ")", "DeleteObject(" + n(brush) + ")"}));
+                        "CreateSolidBrush(65280)", "FillRect(0,0,10,10," + n(brush) + ")",
+                        "DrawEdge(1,2,30,20,5,15)", "DrawTextA(Hello,37)", "TextOutA(2,3,Word)",
+                        "SelectObject(" + n(old) + ")", "DeleteObject(" + n(pen) + ")",
+                        "DeleteObject(" + n(brush) + ")"}));
 }
 
 TEST_F(GdiLog, FontsStatesAndPicturesAreLogged) {
@@ -59,8 +60,8 @@ TEST_F(GdiLog, FontsStatesAndPicturesAreLogged) {
   gdi.DrawStateA(hdc, 0, 0, 999, 0, 2, 2, 32, 32, 131);
   gdi.BitBlt(hdc, 0, 0, 8, 8, hdc, 1, 1, SRCCOPY);
   EXPECT_EQ(gdi.stopRecording(hdc),
-            (Lines{"SetDCFont(Arial,8.25,1,0,0,0)", "SetBkMode(1)", "SetTextColor(255)", "GetTextExtentPoint32A(abc)",
-                   "DrawStateA(0,0,999,0,2,2,32,32,131)",
+            (Lines{"SetDCFont(Arial,8.25,1,0,0,0)", "SetBkMode(1)", "SetTextColor(255)",
+                   "GetTextExtentPoint32A(abc)", "DrawStateA(0,0,999,0,2,2,32,32,131)",
                    "BitBlt(0,0,8,8," + std::to_string(hdc) + ",1,1,13369376)"}));
 }
 
@@ -74,7 +75,8 @@ TEST_F(GdiLog, OnlyRecordingContextsLogAndCreationGoesToAllOfThem) {
   HBRUSH b = gdi.CreateSolidBrush(1);
   EXPECT_EQ(gdi.stopRecording(hdc), (Lines{"CreateSolidBrush(1)"}));
   gdi.DeleteObject(b);
-  EXPECT_EQ(gdi.stopRecording(other), (Lines{"LineTo(2,2)", "CreateSolidBrush(1)", "DeleteObject(" + std::to_string(b) + ")"}));
+  EXPECT_EQ(gdi.stopRecording(other),
+            (Lines{"LineTo(2,2)", "CreateSolidBrush(1)", "DeleteObject(" + std::to_string(b) + ")"}));
   EXPECT_TRUE(gdi.stopRecording(other).empty());
 }
 

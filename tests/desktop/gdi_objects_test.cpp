@@ -167,7 +167,7 @@ TEST_F(GdiObjects, BitBltCopiesBetweenContexts) {
   // And back, from the window into the bitmap, partly outside.
   canvas.setPixel(0, 0, kBlue);
   ASSERT_TRUE(gdi.BitBlt(memory, -1, -1, 3, 3, hdc, 0, 0, SRCCOPY));
-  EXPECT_EQ(gdi.GetPixel(memory, 0, 0), kWhite);  // came from the window's (1, 1)
+  EXPECT_EQ(gdi.GetPixel(memory, 0, 0), kWhite);                        // came from the window's (1, 1)
   EXPECT_FALSE(gdi.BitBlt(hdc, 0, 0, 1, 1, memory, 0, 0, 0x00EE0086));  // only SRCCOPY
 }
 

@@ -28,8 +28,8 @@ class GdiText : public ::testing::Test {
     RECT r{c.width(), c.height(), -1, -1};
     for (int y = 0; y < c.height(); ++y)
       for (int x = 0; x < c.width(); ++x)
-        if (c.pixel(x, y) != kWhite) r = {std::min(r.Left, x), std::min(r.Top, y), std::max(r.Right, x + 1),
-                                          std::max(r.Bottom, y + 1)};
+        if (c.pixel(x, y) != kWhite)
+          r = {std::min(r.Left, x), std::min(r.Top, y), std::max(r.Right, x + 1), std::max(r.Bottom, y + 1)};
     return r;
   }
   static bool samePixels(const Canvas& a, const Canvas& b) {
@@ -192,7 +192,8 @@ TEST_F(GdiText, TransparentModeLeavesTheBackgroundAlone) {
 
 TEST_F(GdiText, GlyphCacheDrawsWhatCairoDraws) {
   FontCache cache;
-  for (const FontSpec& f : {spec("MS Sans Serif", 8.25), spec("Verdana", 11, true), spec("Georgia", 14, false, true)}) {
+  for (const FontSpec& f :
+       {spec("MS Sans Serif", 8.25), spec("Verdana", 11, true), spec("Georgia", 14, false, true)}) {
     auto font = cache.font(f, 96);
     Canvas a(200, 40), b(200, 40);
     const std::string text = "Quick & easy: 42 words, déjà vu";

@@ -45,9 +45,15 @@ inline Bytes dib(int32_t w, int32_t h, int bits, const std::vector<uint32_t>& pi
     for (int32_t x = 0; x < w; ++x) {
       const uint32_t p = pixels[static_cast<size_t>(y * w + x)];
       switch (bits) {
-        case 1: row[x / 8] |= static_cast<unsigned char>((p & 1) << (7 - x % 8)); break;
-        case 4: row[x / 2] |= static_cast<unsigned char>((p & 15) << (x % 2 ? 0 : 4)); break;
-        case 8: row[x] = p & 255; break;
+        case 1:
+          row[x / 8] |= static_cast<unsigned char>((p & 1) << (7 - x % 8));
+          break;
+        case 4:
+          row[x / 2] |= static_cast<unsigned char>((p & 15) << (x % 2 ? 0 : 4));
+          break;
+        case 8:
+          row[x] = p & 255;
+          break;
         case 24:
           row[3 * x] = p & 255;
           row[3 * x + 1] = (p >> 8) & 255;
@@ -65,7 +71,8 @@ inline Bytes dib(int32_t w, int32_t h, int bits, const std::vector<uint32_t>& pi
       const int32_t y = topDown ? r : h - 1 - r;
       Bytes row(maskStride, 0);
       for (int32_t x = 0; x < w; ++x)
-        if ((*andMask)[static_cast<size_t>(y * w + x)]) row[x / 8] |= static_cast<unsigned char>(1 << (7 - x % 8));
+        if ((*andMask)[static_cast<size_t>(y * w + x)])
+          row[x / 8] |= static_cast<unsigned char>(1 << (7 - x % 8));
       b.insert(b.end(), row.begin(), row.end());
     }
   }
