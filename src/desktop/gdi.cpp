@@ -5,7 +5,6 @@
 #include <climits>
 #include <cstring>
 #include <fstream>
-#include <iterator>
 #include <utility>
 
 #include "desktop/gdi_raster.h"
