@@ -157,14 +157,14 @@ void BM_LineTo_1000Pixels(benchmark::State& state) {
 }
 BENCHMARK(BM_LineTo_1000Pixels)->Arg(0)->Arg(1)->ArgNames({"diagonal"});
 
-void BM_SetDCFont_KnownSpec(benchmark::State& state) {
+void BM_SetDCFont_KnownFont(benchmark::State& state) {
   Desk d;
   FontSpec bold = tahoma();
   bold.bold = true;
   size_t i = 0;
   for (auto _ : state) d.gdi.SetDCFont(d.hdc, (i++ & 1) ? bold : tahoma());
 }
-BENCHMARK(BM_SetDCFont_KnownSpec);
+BENCHMARK(BM_SetDCFont_KnownFont);
 
 }  // namespace
 }  // namespace corvane
