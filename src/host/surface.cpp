@@ -45,6 +45,11 @@ void Surface::setBackColor(OLE_COLOR c) {
   Cls();
 }
 
+void Surface::setForeColor(OLE_COLOR c) {
+  translateColor(c);
+  m_foreColor = c;
+}
+
 void Surface::setFont(FontRef f) {
   if (!f) throw RuntimeError(err::InvalidPropertyValue, "Cannot set Font to Nothing");
   m_font = std::move(f);
