@@ -222,6 +222,23 @@ TEST_F(HoverBitmapTest, TransparentBackStyleLetsTheMaskColourFallAway) {
   EXPECT_TRUE(near(px(2, 2), kRed));
 }
 
+TEST_F(HoverBitmapTest, CuttingTheWindowLeavesNoDrawingObjectAlive) {
+  hover->setImageUp(maskedBitmap());
+  int32_t before = desktop().liveDrawingObjects();
+  hover->setBackStyle(abTransparent);
+  hover->setMaskColor(kBlue);
+  hover->setBackStyle(abOpaque);
+  EXPECT_EQ(desktop().liveDrawingObjects(), before);
+}
+
+TEST_F(HoverBitmapTest, IconWithTransparentBackStyleKeepsTheWholeWindow) {
+  hover->setImageUp(upIcon());
+  hover->setBackStyle(abTransparent);
+  EXPECT_EQ(hover->surface().MaskPicture(), nullptr);
+  EXPECT_TRUE(near(px(2, 2), kWhite)) << "without a mask nothing falls away";
+  EXPECT_TRUE(near(px(21, 21), kWhite));
+}
+
 TEST_F(HoverBitmapTest, MaskColourChangeMovesTheCut) {
   hover->setImageUp(maskedBitmap());
   hover->setBackStyle(abTransparent);
