@@ -100,6 +100,8 @@ int32_t CGradient::DrawGradient(HDC hDC, int32_t width, int32_t height) {
     lines(0) = {CLng(xOff + pt[0].X), CLng(yOff + pt[0].Y)};
     lines(1) = {CLng(xOff + pt[1].X), CLng(yOff + pt[1].Y)};
     int32_t i = 2;
+    // The sweep ends at the first entry after which the two latest entries lie past the far
+    // border; that can be the start or the end of a line.
     for (;;) {
       if (i % 1000 == 0) lines.redimPreserve(i + 999);
       lines(i) = {add32(lines(i - 2).X, stepX), add32(lines(i - 2).Y, stepY)};
@@ -114,15 +116,15 @@ int32_t CGradient::DrawGradient(HDC hDC, int32_t width, int32_t height) {
       if (past) break;
     }
     lines.redimPreserve(i - 1);
-    const int32_t lineCount = CLng(i / 2.0);
+    const int32_t lineCount = CLng(i / 2.0);  // an odd count rounds to even
 
     VbArray<int32_t> colours;
     BlendColors(m_Color1, m_Color2, lineCount, colours);
 
+    // One pen per line. The count returned is the last j plus 2.
     GdiApi& g = gdi();
-    int32_t j = 0;
     int32_t lastJ = 0;
-    for (j = 0; j <= lines.ubound() - 1; j += 2) {
+    for (int32_t j = 0; j <= lines.ubound() - 1; j += 2) {
       g.MoveToEx(hDC, lines(j).X, lines(j).Y, nullptr);
       const HPEN pen = g.CreatePen(PS_SOLID, 1, colours(static_cast<int32_t>(Int(j / 2.0))));
       const HGDIOBJ old = g.SelectObject(hDC, pen);

@@ -229,6 +229,47 @@ TEST_F(GradientTest, DrawGradientSweepsVerticallyFromBelowAtNinetyDegrees) {
   }
 }
 
+// The colours of the pens made, in order.
+std::vector<int32_t> penColours(const std::vector<std::string>& log) {
+  std::vector<int32_t> out;
+  for (const std::string& op : log)
+    if (op.rfind("CreatePen(0,1,", 0) == 0) out.push_back(std::stoi(op.substr(14)));
+  return out;
+}
+
+TEST_F(GradientTest, SweepEndingAfterALineStartCountsHalfLinesToEven) {
+  // At 315 degrees the line's end lies further along the sweep than its start, so the sweep
+  // ends right after the start of a line, which is dropped: an odd number of entries.
+  CGradient g;
+  g.setAngle(315);
+  g.setColor1(RGB(0, 0, 0));
+  g.setColor2(RGB(255, 255, 255));
+  {
+    // 245 entries: 122.5 lines round to 122 colours, and the last line drawn has Color2.
+    FormRef f = makeForm(60, 40, "frmEven");
+    HDC hdc = f->surface().hdc();
+    gdi().startRecording(hdc);
+    EXPECT_EQ(g.DrawGradient(hdc, 60, 40), 244);
+    const std::vector<int32_t> pens = penColours(gdi().stopRecording(hdc));
+    ASSERT_EQ(pens.size(), 122u);
+    EXPECT_EQ(pens, ramp(RGB(0, 0, 0), RGB(255, 255, 255), 122));
+    EXPECT_EQ(pens.back(), RGB(255, 255, 255));
+  }
+  {
+    // 207 entries: 103.5 lines round to 104 colours; 103 lines are drawn and Color2 is not used.
+    FormRef f = makeForm(41, 60, "frmOdd");
+    HDC hdc = f->surface().hdc();
+    gdi().startRecording(hdc);
+    EXPECT_EQ(g.DrawGradient(hdc, 41, 60), 206);
+    const std::vector<int32_t> pens = penColours(gdi().stopRecording(hdc));
+    ASSERT_EQ(pens.size(), 103u);
+    std::vector<int32_t> colours = ramp(RGB(0, 0, 0), RGB(255, 255, 255), 104);
+    colours.pop_back();
+    EXPECT_EQ(pens, colours);
+    EXPECT_NE(pens.back(), RGB(255, 255, 255));
+  }
+}
+
 TEST_F(GradientTest, DrawGradientLeavesNoDrawingObjectsAlive) {
   FormRef f = makeForm(64, 48);
   const int32_t before = desktop().liveDrawingObjects();
