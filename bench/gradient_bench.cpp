@@ -86,15 +86,15 @@ void BM_CGradient(benchmark::State& state) {
     benchmark::DoNotOptimize(lines);
   }
   state.counters["lines"] = lines / 2;
-  state.counters["Mpixel/s"] =
-      benchmark::Counter(double(kWidth) * kHeight * double(state.iterations()) / 1e6, benchmark::Counter::kIsRate);
+  state.counters["Mpixel/s"] = benchmark::Counter(double(kWidth) * kHeight * double(state.iterations()) / 1e6,
+                                                  benchmark::Counter::kIsRate);
 }
 
 void BM_CairoLinearGradient(benchmark::State& state) {
   CairoRig rig(static_cast<float>(state.range(0)));
   for (auto _ : state) rig.draw();
-  state.counters["Mpixel/s"] =
-      benchmark::Counter(double(kWidth) * kHeight * double(state.iterations()) / 1e6, benchmark::Counter::kIsRate);
+  state.counters["Mpixel/s"] = benchmark::Counter(double(kWidth) * kHeight * double(state.iterations()) / 1e6,
+                                                  benchmark::Counter::kIsRate);
 }
 
 // Both, alternately, in one run: the mean time of each and Cairo's time over the painter's

@@ -25,8 +25,8 @@ FormRef makeForm(const std::string& name, float width, float height) {
 }
 
 // A picture box at the given place (twips) with a gradient, and its angle written above it.
-void addGradient(Form& f, const std::string& name, float left, float top, float width, float height, float angle,
-                 COLORREF colour1, COLORREF colour2) {
+void addGradient(Form& f, const std::string& name, float left, float top, float width, float height,
+                 float angle, COLORREF colour1, COLORREF colour2) {
   auto box = f.add("PictureBox", name, nullptr, left, top, width, height);
   CGradient g;
   g.setColor1(colour1);

@@ -41,14 +41,11 @@ int main(int argc, char** argv) {
     for (gallery::Scene& s : source()) scenes.push_back(std::move(s));
   std::filesystem::create_directories(out);
   int failed = 0;
-  // Each form is saved at the top left of the screen, above the others, so that it lies wholly on
-  // the screen; then it goes to its place in the columns of the whole desktop's picture.
-  const int32_t screenHeight = desktop.screen().height();
-  int32_t x = 10, y = 10, columnWidth = 0;
+  int32_t y = 10;
   std::vector<FormRef> kept;
   for (const gallery::Scene& scene : scenes) {
     FormRef form = scene.build();
-    form->Move(150, 150);
+    form->Move(150, static_cast<float>(y) * 15);
     std::string path = out + "/" + scene.name + ".png";
     if (desktop.saveWindowPng(form->hWnd(), path)) {
       std::printf("%s  (%s)\n", path.c_str(), scene.description.c_str());
@@ -58,14 +55,7 @@ int main(int argc, char** argv) {
     }
     RECT r;
     desktop.windows().GetWindowRect(form->hWnd(), r);
-    if (y > 10 && y + (r.Bottom - r.Top) > screenHeight) {
-      x += columnWidth + 10;
-      y = 10;
-      columnWidth = 0;
-    }
-    columnWidth = std::max(columnWidth, r.Right - r.Left);
-    form->Move(static_cast<float>(x) * 15, static_cast<float>(y) * 15);
-    y += r.Bottom - r.Top + 10;
+    y = r.Bottom + 10;
     kept.push_back(form);
   }
   std::string all = out + "/desktop.png";

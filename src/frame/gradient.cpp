@@ -41,7 +41,8 @@ void CGradient::RotatePoint(const PointSng& center, PointSng& point, float degre
   point.Y = static_cast<float>(-(dX * s - dY * c) + center.Y);
 }
 
-int32_t CGradient::BlendColors(int32_t lColor1, int32_t lColor2, int32_t lSteps, VbArray<int32_t>& laRetColors) {
+int32_t CGradient::BlendColors(int32_t lColor1, int32_t lColor2, int32_t lSteps,
+                               VbArray<int32_t>& laRetColors) {
   const int32_t steps = lSteps < 2 ? 2 : lSteps;
   const int32_t r1 = redOf(lColor1), g1 = greenOf(lColor1), b1 = blueOf(lColor1);
   const double dR = SafeDiv(redOf(lColor2) - r1, steps);
@@ -84,15 +85,31 @@ int32_t CGradient::DrawGradient(HDC hDC, int32_t width, int32_t height) {
     float xOff = 0, yOff = 0;
     int32_t stepX = 0, stepY = 0;
     enum Side { Left, Right, Bottom, Top } side;
-    if (m_Angle >= 0 && m_Angle <= 90) side = horizontal ? Left : Bottom;
-    else if (m_Angle > 90 && m_Angle <= 180) side = horizontal ? Right : Bottom;
-    else if (m_Angle > 180 && m_Angle <= 270) side = horizontal ? Right : Top;
-    else side = horizontal ? Left : Top;
+    if (m_Angle >= 0 && m_Angle <= 90)
+      side = horizontal ? Left : Bottom;
+    else if (m_Angle > 90 && m_Angle <= 180)
+      side = horizontal ? Right : Bottom;
+    else if (m_Angle > 180 && m_Angle <= 270)
+      side = horizontal ? Right : Top;
+    else
+      side = horizontal ? Left : Top;
     switch (side) {
-      case Left: stepX = 1; xOff = -largerX; break;
-      case Right: stepX = -1; xOff = static_cast<float>(width) - smallerX; break;
-      case Bottom: stepY = -1; yOff = static_cast<float>(height) - smallerY; break;
-      case Top: stepY = 1; yOff = -largerY; break;
+      case Left:
+        stepX = 1;
+        xOff = -largerX;
+        break;
+      case Right:
+        stepX = -1;
+        xOff = static_cast<float>(width) - smallerX;
+        break;
+      case Bottom:
+        stepY = -1;
+        yOff = static_cast<float>(height) - smallerY;
+        break;
+      case Top:
+        stepY = 1;
+        yOff = -largerY;
+        break;
     }
 
     // The list of line ends, built first so that the number of colours is known.
@@ -109,10 +126,14 @@ int32_t CGradient::DrawGradient(HDC hDC, int32_t width, int32_t height) {
       const PointLng& a = lines(i - 1);
       const PointLng& b = lines(i - 2);
       bool past;
-      if (stepX >= 1) past = a.X > width && b.X > width;
-      else if (stepX < 0) past = a.X < 0 && b.X < 0;
-      else if (stepY >= 1) past = a.Y > height && b.Y > height;
-      else past = a.Y < 0 && b.Y < 0;
+      if (stepX >= 1)
+        past = a.X > width && b.X > width;
+      else if (stepX < 0)
+        past = a.X < 0 && b.X < 0;
+      else if (stepY >= 1)
+        past = a.Y > height && b.Y > height;
+      else
+        past = a.Y < 0 && b.Y < 0;
       if (past) break;
     }
     lines.redimPreserve(i - 1);

@@ -42,8 +42,10 @@ float clsTilePicture::scaleValue(const char* member) { return targetOf(m_Object)
 
 void clsTilePicture::Init(ObjectRef obj, std::optional<PictureRef> pic) {
   setObject(std::move(obj));
-  if (pic) m_Picture = std::move(*pic);
-  else guarded([&] { m_Picture = targetOf(m_Object).get("Picture").as<PictureRef>(); });
+  if (pic)
+    m_Picture = std::move(*pic);
+  else
+    guarded([&] { m_Picture = targetOf(m_Object).get("Picture").as<PictureRef>(); });
   if (!m_Picture) throw RuntimeError(err::ObjectNotSet);
   corvane::Object& target = targetOf(m_Object);
   m_tileWidth = viaText(target.call("ScaleX", {m_Picture->Width(), int16_t{8}}));
@@ -62,10 +64,18 @@ void clsTilePicture::Resize() {
 
 void clsTilePicture::Paint() {
   switch (m_growth) {
-    case 1: TilePaint(m_lastWidth, scaleValue("ScaleTop"), 0, -1); break;  // the strip right of the old width
-    case 2: TilePaint(scaleValue("ScaleLeft"), m_lastHeight, -1, 0); break;  // the strip below the old height
-    case 3: TilePaint(m_lastWidth, m_lastHeight, 0, 0); break;  // the band right of and below the old size
-    default: TilePaint(scaleValue("ScaleLeft"), scaleValue("ScaleTop"), 0, 0); break;  // everything
+    case 1:
+      TilePaint(m_lastWidth, scaleValue("ScaleTop"), 0, -1);
+      break;  // the strip right of the old width
+    case 2:
+      TilePaint(scaleValue("ScaleLeft"), m_lastHeight, -1, 0);
+      break;  // the strip below the old height
+    case 3:
+      TilePaint(m_lastWidth, m_lastHeight, 0, 0);
+      break;  // the band right of and below the old size
+    default:
+      TilePaint(scaleValue("ScaleLeft"), scaleValue("ScaleTop"), 0, 0);
+      break;  // everything
   }
   m_lastWidth = scaleValue("ScaleWidth");
   m_lastHeight = scaleValue("ScaleHeight");

@@ -25,7 +25,9 @@ class GradientTest : public test::DesktopTest {
     f->Show();
     return f;
   }
-  static COLORREF pixel(const FormRef& f, int32_t x, int32_t y) { return gdi().GetPixel(f->surface().hdc(), x, y); }
+  static COLORREF pixel(const FormRef& f, int32_t x, int32_t y) {
+    return gdi().GetPixel(f->surface().hdc(), x, y);
+  }
   static std::vector<int32_t> ramp(int32_t c1, int32_t c2, int32_t steps) {
     CGradient g;
     VbArray<int32_t> colours;
@@ -196,7 +198,8 @@ TEST_F(GradientTest, DrawGradientMakesOnePenPerLineInTheRequiredOrder) {
   for (int32_t k = 0; k < 22; ++k) {
     const std::string* op = &log[static_cast<size_t>(k) * 6];
     EXPECT_EQ(op[0], "MoveToEx(" + std::to_string(k) + ",20)") << "line " << k;
-    EXPECT_EQ(op[1], "CreatePen(0,1," + std::to_string(colours[static_cast<size_t>(k)]) + ")") << "line " << k;
+    EXPECT_EQ(op[1], "CreatePen(0,1," + std::to_string(colours[static_cast<size_t>(k)]) + ")")
+        << "line " << k;
     ASSERT_EQ(op[2].rfind("SelectObject(", 0), 0u) << op[2];
     EXPECT_EQ(op[3], "LineTo(" + std::to_string(k) + ",-10)") << "line " << k;
     ASSERT_EQ(op[4].rfind("SelectObject(", 0), 0u) << op[4];
@@ -393,7 +396,8 @@ TEST_F(GradientTest, EveryPixelIsPaintedAtManyAngles) {
     g.setAngle(static_cast<float>(a));
     ASSERT_TRUE(g.Draw(f)) << a;
     for (int32_t y = 0; y < 23; ++y)
-      for (int32_t x = 0; x < 37; ++x) ASSERT_NE(pixel(f, x, y), RGB(1, 2, 3)) << "gap at " << x << "," << y << ", angle " << a;
+      for (int32_t x = 0; x < 37; ++x)
+        ASSERT_NE(pixel(f, x, y), RGB(1, 2, 3)) << "gap at " << x << "," << y << ", angle " << a;
   }
 }
 
@@ -453,9 +457,9 @@ class NoWindow : public Object {
   const Dispatch* dispatch() const override {
     static const Dispatch d = [] {
       Dispatch t;
-      DispatchBuilder<NoWindow>(t).get("hWnd", [](NoWindow&) { return int32_t{987654}; }).get("hDC", [](NoWindow&) {
-        return int32_t{0};
-      });
+      DispatchBuilder<NoWindow>(t)
+          .get("hWnd", [](NoWindow&) { return int32_t{987654}; })
+          .get("hDC", [](NoWindow&) { return int32_t{0}; });
       return t;
     }();
     return &d;

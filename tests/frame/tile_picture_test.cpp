@@ -82,7 +82,8 @@ class FakeTarget : public HostedControl {
           .method("ScaleY", [scale](FakeTarget& f, Dispatch::Args& a) { return scale(f, a, "ScaleY"); })
           .method("PaintPicture", [](FakeTarget& f, Dispatch::Args& a) {
             EXPECT_EQ(a.at(0).as<PictureRef>(), f.picture);
-            f.paints.push_back({a.at(1).toSingle(), a.at(2).toSingle(), a.at(3).toSingle(), a.at(4).toSingle()});
+            f.paints.push_back(
+                {a.at(1).toSingle(), a.at(2).toSingle(), a.at(3).toSingle(), a.at(4).toSingle()});
           });
       return t;
     }();
@@ -96,8 +97,8 @@ class RecordingPictureBox : public PictureBox {
   std::vector<std::string> paints;
   Variant invoke(std::string_view member, CallType type, Dispatch::Args& args) override {
     if (member == "PaintPicture")
-      paints.push_back(args.at(1).toString() + "," + args.at(2).toString() + "," + args.at(3).toString() + "," +
-                       args.at(4).toString());
+      paints.push_back(args.at(1).toString() + "," + args.at(2).toString() + "," + args.at(3).toString() +
+                       "," + args.at(4).toString());
     return PictureBox::invoke(member, type, args);
   }
 };
@@ -393,8 +394,9 @@ TEST_F(TilePictureTest, TilesAPictureBoxAndRepaintsOnlyTheUncoveredStrip) {
   tile.Resize();
   pic->paints.clear();
   tile.Paint();
-  EXPECT_EQ(pic->paints, (std::vector<std::string>{"96,0,48,48", "144,0,48,48", "96,48,48,48", "144,48,48,48",
-                                                   "0,96,48,48", "48,96,48,48", "96,96,48,48", "144,96,48,48"}));
+  EXPECT_EQ(pic->paints,
+            (std::vector<std::string>{"96,0,48,48", "144,0,48,48", "96,48,48,48", "144,48,48,48",
+                                      "0,96,48,48", "48,96,48,48", "96,96,48,48", "144,96,48,48"}));
   EXPECT_EQ(gdi().GetPixel(hdc, 150, 5), RGB(255, 0, 0));
   EXPECT_EQ(gdi().GetPixel(hdc, 159, 79), RGB(0, 0, 255));
 }
