@@ -2,6 +2,8 @@
 // a class of the table without a factory here is reported as not available in this build.
 #include <memory>
 
+#include "frame/gradient.h"
+#include "frame/tile_picture.h"
 #include "runtime/class_registry.h"
 #include "widgets/vex_color_label.h"
 
@@ -9,6 +11,8 @@ namespace corvane {
 
 void registerLibraryClasses(ClassRegistry& registry) {
   registry.registerFactory("VexColorLabel", [] { return std::make_shared<VexColorLabel>(); });
+  registry.registerFactory("CGradient", [] { return std::make_shared<CGradient>(); });
+  registry.registerFactory("clsTilePicture", [] { return std::make_shared<clsTilePicture>(); });
 }
 
 }  // namespace corvane
