@@ -2,6 +2,8 @@
 // a class of the table without a factory here is reported as not available in this build.
 #include <memory>
 
+#include "frame/isubclass.h"
+#include "frame/subclass.h"
 #include "runtime/class_registry.h"
 #include "widgets/vex_color_label.h"
 
@@ -9,6 +11,9 @@ namespace corvane {
 
 void registerLibraryClasses(ClassRegistry& registry) {
   registry.registerFactory("VexColorLabel", [] { return std::make_shared<VexColorLabel>(); });
+  // Window subclassing.
+  registry.registerFactory("clsSubClass", [] { return std::make_shared<clsSubClass>(); });
+  registry.registerFactory("ISubclass", [] { return std::make_shared<ISubclass>(); });
 }
 
 }  // namespace corvane
