@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <unordered_map>
 #include <vector>
 
@@ -54,6 +55,13 @@ class DispatchBuilder {
     m_d.addSetter(name, [setter](Object& o, Dispatch::Args&, const Variant& v) {
       (static_cast<T&>(o).*setter)(v.as<std::decay_t<V>>());
     });
+    return *this;
+  }
+  // A setter given as a callable f(T&, const Variant&), for conversions of its own.
+  template <class F>
+    requires std::is_invocable_v<F, T&, const Variant&>
+  DispatchBuilder& let(std::string_view name, F setter) {
+    m_d.addSetter(name, [setter](Object& o, Dispatch::Args&, const Variant& v) { setter(static_cast<T&>(o), v); });
     return *this;
   }
   template <class G, class V>
