@@ -11,7 +11,6 @@
 
 #include "frame/subclass.h"
 #include "frame/subclass_support.h"
-#include "host/form.h"
 #include "host/picture_box.h"
 #include "host/screen.h"
 #include "platform/api.h"
@@ -19,6 +18,9 @@
 #include "support/desktop_fixture.h"
 
 namespace corvane {
+
+void registerLibraryClasses(ClassRegistry& registry);
+
 namespace {
 
 using test::RecordedMessage;
@@ -586,6 +588,8 @@ TEST_F(MSubclassTest, ClientsSitInFrontOfAnOwnerHook) {
 // ---- the interface class ----
 
 TEST_F(MSubclassTest, PlainInterfaceClassReturnsZeroAndKeepsItsResponse) {
+  registerLibraryClasses(
+      ClassRegistry::instance());  // the library's factories, in case none was asked for yet
   ObjectRef o = ClassRegistry::instance().create("ISubclass");
   auto client = std::dynamic_pointer_cast<ISubclass>(o);
   ASSERT_NE(client, nullptr);
@@ -621,9 +625,8 @@ TEST_F(MSubclassTest, MouseInputReachesTheClientsInOrder) {
 }
 
 TEST_F(MSubclassTest, ConsumedButtonPressNeverReachesThePictureBox) {
-  FormRef form = Form::create("Form1", 6000, 4500);
-  form->Show();
-  HostedControlRef pic = form->add("PictureBox", "Pic1", nullptr, 300, 150, 1500, 750);
+  test::PictureScene scene;
+  auto& pic = scene.pic;
   int downs = 0, clicks = 0, dblClicks = 0;
   pic->surface().MouseDown.connect([&](int16_t&, int16_t&, float&, float&) { ++downs; });
   pic->surface().Click.connect([&] { ++clicks; });
@@ -655,7 +658,6 @@ TEST_F(MSubclassTest, ConsumedButtonPressNeverReachesThePictureBox) {
   MSubclass::DetachMessage(eat, pic->surface().hWnd(), wm::LBUTTONDOWN);
   MSubclass::DetachMessage(dbl, pic->surface().hWnd(), wm::LBUTTONDBLCLK);
   EXPECT_TRUE(props(pic->surface().hWnd()).empty());
-  form->Unload();
 }
 
 }  // namespace

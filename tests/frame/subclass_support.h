@@ -1,8 +1,11 @@
 #pragma once
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
+#include "host/hosted_control.h"
+#include "host/picture_box.h"
 #include "platform/api.h"
 #include "platform/platform.h"
 
@@ -52,6 +55,22 @@ class RecordingWindow {
   LRESULT result = 77;
   std::vector<RecordedMessage> messages;
   std::function<void(const RecordedMessage&)> onMessage;
+};
+
+// A picture box placed in pixels at 20,10 to 120,60 of a plain parent window at the screen's
+// origin, with a pixel scale: a click at screen 50,30 is its client point 30,20.
+class PictureScene {
+ public:
+  PictureScene() {
+    pic->site(ControlSite{}, parent.hWnd, 20, 10, 100, 50);
+    pic->surface().setScaleMode(Surface::Pixels);
+    user().ShowWindow(pic->surface().hWnd(), SW_SHOWNOACTIVATE);
+  }
+  ~PictureScene() { pic->unsite(); }
+  HWND picWnd() const { return pic->surface().hWnd(); }
+
+  RecordingWindow parent{0, 0, 300, 200};
+  std::shared_ptr<PictureBox> pic = std::make_shared<PictureBox>();
 };
 
 // The window side of another platform, passed through unless a test asks a call to fail.
