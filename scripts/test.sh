@@ -9,7 +9,7 @@ for a in "$@"; do [ "$a" = "--no-sanitize" ] && sanitize=0; done
 scripts/install-deps.sh
 scripts/build.sh build
 (cd build && ctest --output-on-failure -j"$(nproc)")
-./build/apps/gallery/corvane-gallery --out build/gallery-check >/dev/null
+./build/apps/corvane-gallery --out build/gallery-check >/dev/null
 scripts/check-install.sh build
 if [ "$sanitize" = 1 ]; then
   BUILD_TYPE=Debug scripts/build.sh build-asan -DCORVANE_SANITIZE=address,undefined -DCORVANE_BENCH=OFF

@@ -19,7 +19,11 @@ char lower(char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c + 32) :
 DateTime Now() {
   std::time_t t = std::time(nullptr);
   std::tm tm{};
-  localtime_r(&t, &tm);
+#ifdef _WIN32
+  localtime_s(&tm, &t);
+#else
+  localtime_r(&t, &tm);  // the reentrant form; std::localtime shares one buffer
+#endif
   return {tm.tm_year + 1900, tm.tm_mon + 1, tm.tm_mday, tm.tm_hour, tm.tm_min, tm.tm_sec};
 }
 

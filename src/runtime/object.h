@@ -39,6 +39,13 @@ class Dispatch {
   std::unordered_map<std::string, Member> m_members;
 };
 
+// A value returned by a member, as a Variant; enumerations travel as Long.
+template <class R>
+Variant toVariant(R&& value) {
+  if constexpr (std::is_enum_v<std::decay_t<R>>) return Variant(static_cast<int32_t>(value));
+  else return Variant(std::forward<R>(value));
+}
+
 // Typed helpers to fill a Dispatch for class T.
 template <class T>
 class DispatchBuilder {
@@ -47,7 +54,7 @@ class DispatchBuilder {
 
   template <class G>
   DispatchBuilder& get(std::string_view name, G getter) {
-    m_d.addGetter(name, [getter](Object& o, Dispatch::Args&) { return Variant(std::invoke(getter, static_cast<T&>(o))); });
+    m_d.addGetter(name, [getter](Object& o, Dispatch::Args&) { return toVariant(std::invoke(getter, static_cast<T&>(o))); });
     return *this;
   }
   template <class V>
@@ -76,7 +83,7 @@ class DispatchBuilder {
         f(static_cast<T&>(o), a);
         return Variant();
       } else {
-        return Variant(f(static_cast<T&>(o), a));
+        return toVariant(f(static_cast<T&>(o), a));
       }
     });
     return *this;

@@ -313,4 +313,18 @@ std::string Join(const std::vector<std::string>& parts, std::string_view delimit
   return r;
 }
 
+namespace {
+std::string inBase(uint32_t v, unsigned base) {
+  if (v == 0) return "0";
+  std::string r;
+  for (; v; v /= base) r.insert(r.begin(), "0123456789ABCDEF"[v % base]);
+  return r;
+}
+}  // namespace
+
+std::string Hex(int32_t value) { return inBase(static_cast<uint32_t>(value), 16); }
+std::string Hex(int16_t value) { return inBase(static_cast<uint16_t>(value), 16); }
+std::string Oct(int32_t value) { return inBase(static_cast<uint32_t>(value), 8); }
+std::string Oct(int16_t value) { return inBase(static_cast<uint16_t>(value), 8); }
+
 }  // namespace corvane

@@ -66,4 +66,11 @@ std::vector<std::string> Split(std::string_view expr, std::string_view delimiter
                                CompareMethod compare = CompareMethod::Binary);
 std::string Join(const std::vector<std::string>& parts, std::string_view delimiter = " ");
 
+// Hex and Oct: upper-case hexadecimal or octal text of an integer; a negative Integer shows its
+// 16-bit pattern (Hex(-1 as Integer) = "FFFF"), a negative Long its 32-bit one.
+std::string Hex(int32_t value);
+std::string Hex(int16_t value);
+std::string Oct(int32_t value);
+std::string Oct(int16_t value);
+
 }  // namespace corvane

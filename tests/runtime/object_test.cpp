@@ -8,8 +8,12 @@ using namespace corvane;
 
 namespace {
 
+enum BorderStyle { bsNone = 0, bsSingle = 1 };
+
 class Box : public Object {
  public:
+  BorderStyle Border() const { return m_Border; }
+  void setBorder(BorderStyle v) { m_Border = v; }
   std::string typeName() const override { return "Box"; }
 
   int32_t BackColor() const { return m_BackColor; }
@@ -30,6 +34,7 @@ class Box : public Object {
           .prop("Width", &Box::Width, &Box::setWidth)
           .prop("Caption", &Box::Caption, &Box::setCaption)
           .get("Enabled", &Box::Enabled)
+          .prop("BorderStyle", &Box::Border, &Box::setBorder)
           .let("Tag", [](Box& b, const Variant& v) { b.m_Caption = "tag:" + v.toString(); })
           .method("CtrlRefresh", [](Box& b, Dispatch::Args&) { ++b.refreshes; })
           .method("Sum", [](Box&, Dispatch::Args& a) { return a.at(0).toLong() + a.at(1).toLong(); });
@@ -43,6 +48,7 @@ class Box : public Object {
   int16_t m_Width = 0;
   std::string m_Caption;
   bool m_Enabled = true;
+  BorderStyle m_Border = bsNone;
 };
 
 class Bare : public Object {
@@ -145,4 +151,13 @@ TEST(Object, CountsLiveObjects) {
     EXPECT_EQ(Object::liveCount(), before + 2);
   }
   EXPECT_EQ(Object::liveCount(), before);
+}
+
+TEST(Object, EnumerationsTravelAsLong) {
+  auto b = std::make_shared<Box>();
+  b->let("BorderStyle", 1);
+  EXPECT_EQ(b->Border(), bsSingle);
+  Variant v = b->get("BorderStyle");
+  EXPECT_EQ(v.type(), Variant::Type::Long);
+  EXPECT_EQ(v.toLong(), 1);
 }

@@ -282,3 +282,27 @@ TEST(Strings, LongAsciiAndMixedTextsAgree) {
   EXPECT_EQ(Right(mixed, 6), "needle");
   EXPECT_EQ(Len(mixed), 1007);
 }
+
+TEST(Strings, HexAndOctText) {
+  EXPECT_EQ(Hex(255), "FF");
+  EXPECT_EQ(Hex(0), "0");
+  EXPECT_EQ(Hex(10), "A");
+  EXPECT_EQ(Hex(uint8_t(42)), "2A");
+  EXPECT_EQ(Hex(-1), "FFFFFFFF");
+  EXPECT_EQ(Hex(int16_t(-1)), "FFFF");
+  EXPECT_EQ(Hex(int16_t(-32768)), "8000");
+  EXPECT_EQ(Hex(65536), "10000");
+  EXPECT_EQ(Oct(8), "10");
+  EXPECT_EQ(Oct(int16_t(-1)), "177777");
+  EXPECT_EQ(Oct(-1), "37777777777");
+}
+
+TEST(Strings, InStrTextCompareFromAStartPosition) {
+  EXPECT_EQ(InStr(2, "XaXbx", "x", CompareMethod::Text), 3);
+  EXPECT_EQ(InStr(4, "XaXbx", "X", CompareMethod::Text), 5);
+  EXPECT_EQ(InStr(2,
+                  "\xC3\x84"
+                  "a\xC3\xA4",
+                  "\xC3\x84", CompareMethod::Text),
+            3);
+}
