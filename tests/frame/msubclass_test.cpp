@@ -19,8 +19,6 @@
 
 namespace corvane {
 
-void registerLibraryClasses(ClassRegistry& registry);
-
 namespace {
 
 using test::RecordedMessage;
@@ -588,8 +586,6 @@ TEST_F(MSubclassTest, ClientsSitInFrontOfAnOwnerHook) {
 // ---- the interface class ----
 
 TEST_F(MSubclassTest, PlainInterfaceClassReturnsZeroAndKeepsItsResponse) {
-  registerLibraryClasses(
-      ClassRegistry::instance());  // the library's factories, in case none was asked for yet
   ObjectRef o = ClassRegistry::instance().create("ISubclass");
   auto client = std::dynamic_pointer_cast<ISubclass>(o);
   ASSERT_NE(client, nullptr);

@@ -6,14 +6,13 @@
 #include <vector>
 
 #include "frame/subclass_support.h"
+#include "host/form.h"
 #include "host/picture_box.h"
 #include "platform/api.h"
 #include "runtime/class_registry.h"
 #include "support/desktop_fixture.h"
 
 namespace corvane {
-
-void registerLibraryClasses(ClassRegistry& registry);
 
 namespace {
 
@@ -364,8 +363,6 @@ TEST_F(SubClassTest, HooksWorkOnEveryPlatformInTurn) {
 // ---- late binding and creation ----
 
 TEST_F(SubClassTest, CreatedByNameAndByIdentifierAndCalledByName) {
-  registerLibraryClasses(
-      ClassRegistry::instance());  // the library's factories, in case none was asked for yet
   RecordingWindow w;
   ObjectRef o = ClassRegistry::instance().create("clsSubClass");
   ASSERT_NE(std::dynamic_pointer_cast<clsSubClass>(o), nullptr);
@@ -458,6 +455,27 @@ TEST_F(SubClassTest, RewrittenPointerPositionIsWhatThePreviousProcedureSees) {
   auto moves = w.of(wm::MOUSEMOVE);
   ASSERT_EQ(moves.size(), 1u);
   EXPECT_EQ(moves[0].lParam, makePointParam(35, 35));
+}
+
+TEST_F(SubClassTest, PictureBoxOnAFormGetsThePositionTheHandlerWrote) {
+  FormRef form = Form::create("Form1", 6000, 4500);
+  form->Show();
+  HostedControlRef pic = form->add("PictureBox", "Pic1", nullptr, 300, 150, 1500, 750);  // pixels 20,10
+  std::vector<float> xs;
+  pic->surface().MouseMove.connect([&](int16_t&, int16_t&, float& x, float&) { xs.push_back(x); });
+  clsSubClass s;
+  s.NewMessage.connect([](int32_t, int32_t& m, int32_t&, int32_t& lp, bool&) {
+    if (m == wm::MOUSEMOVE) lp = makePointParam(pointParamX(lp) + 5, pointParamY(lp));
+  });
+  ASSERT_TRUE(s.SubClassHwnd(pic->surface().hWnd(), true));
+  desktop().mouseMove(50, 30);  // client point 30,20
+  ASSERT_EQ(xs.size(), 1u);
+  EXPECT_FLOAT_EQ(xs[0], 35 * 15.0f);  // twips of the shifted point
+  s.Terminate();
+  desktop().mouseMove(51, 30);
+  ASSERT_EQ(xs.size(), 2u);
+  EXPECT_FLOAT_EQ(xs[1], 31 * 15.0f);
+  form->Unload();
 }
 
 TEST_F(SubClassInputTest, DoubleClickArrivesAsItsOwnMessage) {
