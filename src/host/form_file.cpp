@@ -56,7 +56,8 @@ const json& member(const json& obj, const char* key, json::value_t type, const s
 
 Variant decodeValue(const json& j, const std::string& where) {
   if (!j.is_object() || j.size() != 1) fail(where, "a value is an object with one typed entry");
-  const auto& [type, v] = *j.items().begin();
+  const std::string type = j.begin().key();
+  const json& v = j.begin().value();
   auto need = [&](bool ok) {
     if (!ok) fail(where, "the value does not fit its type " + type);
   };
