@@ -3,6 +3,8 @@
 #include <memory>
 
 #include "frame/gradient.h"
+#include "frame/isubclass.h"
+#include "frame/subclass.h"
 #include "frame/tile_picture.h"
 #include "runtime/class_registry.h"
 #include "widgets/vex_color_label.h"
@@ -13,6 +15,9 @@ void registerLibraryClasses(ClassRegistry& registry) {
   registry.registerFactory("VexColorLabel", [] { return std::make_shared<VexColorLabel>(); });
   registry.registerFactory("CGradient", [] { return std::make_shared<CGradient>(); });
   registry.registerFactory("clsTilePicture", [] { return std::make_shared<clsTilePicture>(); });
+  // Window subclassing.
+  registry.registerFactory("clsSubClass", [] { return std::make_shared<clsSubClass>(); });
+  registry.registerFactory("ISubclass", [] { return std::make_shared<ISubclass>(); });
 }
 
 }  // namespace corvane
