@@ -31,7 +31,7 @@ int main(int argc, char** argv) {
       return 2;
     }
   }
-  Desktop desktop(Desktop::Options{.virtualClock = !live});
+  Desktop desktop(Desktop::Options{.width = 1600, .height = 1200, .virtualClock = !live});
   setPlatform(&desktop);
 
   auto sources = gallery::sceneSources();
@@ -41,11 +41,20 @@ int main(int argc, char** argv) {
     for (gallery::Scene& s : source()) scenes.push_back(std::move(s));
   std::filesystem::create_directories(out);
   int failed = 0;
-  int32_t y = 10;
+  // Forms flow down the screen in columns, so that the whole desktop shows every scene.
+  int32_t x = 10, y = 10, columnWidth = 0;
   std::vector<FormRef> kept;
   for (const gallery::Scene& scene : scenes) {
     FormRef form = scene.build();
-    form->Move(150, static_cast<float>(y) * 15);
+    RECT size;
+    desktop.windows().GetWindowRect(form->hWnd(), size);
+    if (y + (size.Bottom - size.Top) > 1190 && y > 10) {
+      x += columnWidth + 10;
+      y = 10;
+      columnWidth = 0;
+    }
+    columnWidth = std::max(columnWidth, size.Right - size.Left);
+    form->Move(static_cast<float>(x) * 15, static_cast<float>(y) * 15);
     std::string path = out + "/" + scene.name + ".png";
     if (desktop.saveWindowPng(form->hWnd(), path)) {
       std::printf("%s  (%s)\n", path.c_str(), scene.description.c_str());
