@@ -2,6 +2,9 @@
 // a class of the table without a factory here is reported as not available in this build.
 #include <memory>
 
+#include "containers/vex_l_frame.h"
+#include "containers/vex_l_pane.h"
+#include "containers/vex_pane.h"
 #include "runtime/class_registry.h"
 #include "widgets/vex_color_label.h"
 
@@ -9,6 +12,9 @@ namespace corvane {
 
 void registerLibraryClasses(ClassRegistry& registry) {
   registry.registerFactory("VexColorLabel", [] { return std::make_shared<VexColorLabel>(); });
+  registry.registerFactory("VexPane", [] { return std::make_shared<VexPane>(); });
+  registry.registerFactory("VexLFrame", [] { return std::make_shared<VexLFrame>(); });
+  registry.registerFactory("VexLPane", [] { return std::make_shared<VexLPane>(); });
 }
 
 }  // namespace corvane
