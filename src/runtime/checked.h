@@ -58,6 +58,13 @@ inline int32_t mul32(int32_t a, int32_t b) {
   return r;
 }
 
+// Negation: -(-32768) does not fit 16 bits, -(-2147483648) not 32.
+inline int16_t neg16(int16_t a) { return checkedRange<int16_t>(-double(a)); }
+inline int32_t neg32(int32_t a) {
+  if (a == std::numeric_limits<int32_t>::min()) raiseOverflow();
+  return -a;
+}
+
 // Integer division (the backslash operator): both operands rounded to integers first, quotient
 // truncated; division by zero is error 11.
 inline int32_t intDiv(double a, double b) {
@@ -65,6 +72,25 @@ inline int32_t intDiv(double a, double b) {
   if (ib == 0) throw RuntimeError(err::DivisionByZero);
   if (ia == std::numeric_limits<int32_t>::min() && ib == -1) raiseOverflow();
   return ia / ib;
+}
+
+// Mod: both operands rounded to integers first; the result has the sign of the dividend;
+// a zero divisor is error 11.
+inline int32_t mod32(double a, double b) {
+  int32_t ia = CLng(a), ib = CLng(b);
+  if (ib == 0) throw RuntimeError(err::DivisionByZero);
+  if (ib == -1) return 0;  // avoids the trap of INT32_MIN % -1
+  return ia % ib;
+}
+
+// Round(v, digits): to `digits` decimals, ties to even; negative digits are error 5.
+inline double Round(double v, int digits = 0) {
+  if (digits < 0) throw RuntimeError(err::InvalidProcedureCall);
+  if (digits == 0) return roundHalfEven(v);
+  double scale = std::pow(10.0, digits);
+  double scaled = v * scale;
+  if (!std::isfinite(scaled)) return v;
+  return roundHalfEven(scaled) / scale;
 }
 
 // Floating division; dividing by zero is a run-time error too.

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <unordered_map>
 #include <vector>
 
@@ -38,6 +39,13 @@ class Dispatch {
   std::unordered_map<std::string, Member> m_members;
 };
 
+// A value returned by a member, as a Variant; enumerations travel as Long.
+template <class R>
+Variant toVariant(R&& value) {
+  if constexpr (std::is_enum_v<std::decay_t<R>>) return Variant(static_cast<int32_t>(value));
+  else return Variant(std::forward<R>(value));
+}
+
 // Typed helpers to fill a Dispatch for class T.
 template <class T>
 class DispatchBuilder {
@@ -46,7 +54,7 @@ class DispatchBuilder {
 
   template <class G>
   DispatchBuilder& get(std::string_view name, G getter) {
-    m_d.addGetter(name, [getter](Object& o, Dispatch::Args&) { return Variant(std::invoke(getter, static_cast<T&>(o))); });
+    m_d.addGetter(name, [getter](Object& o, Dispatch::Args&) { return toVariant(std::invoke(getter, static_cast<T&>(o))); });
     return *this;
   }
   template <class V>
@@ -54,6 +62,13 @@ class DispatchBuilder {
     m_d.addSetter(name, [setter](Object& o, Dispatch::Args&, const Variant& v) {
       (static_cast<T&>(o).*setter)(v.as<std::decay_t<V>>());
     });
+    return *this;
+  }
+  // A setter given as a callable f(T&, const Variant&), for conversions of its own.
+  template <class F>
+    requires std::is_invocable_v<F, T&, const Variant&>
+  DispatchBuilder& let(std::string_view name, F setter) {
+    m_d.addSetter(name, [setter](Object& o, Dispatch::Args&, const Variant& v) { setter(static_cast<T&>(o), v); });
     return *this;
   }
   template <class G, class V>
@@ -68,7 +83,7 @@ class DispatchBuilder {
         f(static_cast<T&>(o), a);
         return Variant();
       } else {
-        return Variant(f(static_cast<T&>(o), a));
+        return toVariant(f(static_cast<T&>(o), a));
       }
     });
     return *this;

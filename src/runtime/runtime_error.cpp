@@ -18,11 +18,13 @@ std::string RuntimeError::standardDescription(int32_t number) {
   switch (number) {
     case err::InvalidProcedureCall: return "Invalid procedure call or argument";
     case err::Overflow: return "Overflow";
+    case err::OutOfMemory: return "Out of memory";
     case err::SubscriptOutOfRange: return "Subscript out of range";
     case err::DivisionByZero: return "Division by zero";
     case err::TypeMismatch: return "Type mismatch";
     case err::CancelError: return "User interrupt occurred";
     case err::ObjectNotSet: return "Object variable or With block variable not set";
+    case err::InvalidUseOfNull: return "Invalid use of Null";
     case err::InvalidPropertyValue: return "Invalid property value";
     case err::CannotCreateObject: return "ActiveX component can't create object";
     case err::MemberNotFound: return "Object doesn't support this property or method";

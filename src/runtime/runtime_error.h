@@ -9,11 +9,13 @@ namespace corvane {
 namespace err {
 constexpr int32_t InvalidProcedureCall = 5;
 constexpr int32_t Overflow = 6;
+constexpr int32_t OutOfMemory = 7;
 constexpr int32_t SubscriptOutOfRange = 9;
 constexpr int32_t DivisionByZero = 11;
 constexpr int32_t TypeMismatch = 13;
 constexpr int32_t CancelError = 18;
 constexpr int32_t ObjectNotSet = 91;
+constexpr int32_t InvalidUseOfNull = 94;
 constexpr int32_t InvalidPropertyValue = 380;
 constexpr int32_t CannotCreateObject = 429;
 constexpr int32_t MemberNotFound = 438;

@@ -1,11 +1,12 @@
 #include "runtime/variant.h"
 
+#include <cctype>
+#include <charconv>
 #include <cmath>
-#include <cstdio>
-#include <cstdlib>
 
 #include "runtime/checked.h"
 #include "runtime/object.h"
+#include "runtime/val.h"
 
 namespace corvane {
 
@@ -19,55 +20,23 @@ bool equalsNoCase(const std::string& a, const char* b) {
   return true;
 }
 
-// A text read as a number: blanks around it allowed, "True"/"False" not (a type mismatch),
-// "&H" and "&O" prefixes accepted as the language's numeric literals.
+// A text read as a number: blanks around it allowed, "&H" and "&O" literals accepted; anything
+// else is a type mismatch. (The texts "True" and "False" are handled by the caller.)
 double parseNumericText(const std::string& s) {
-  size_t b = s.find_first_not_of(" \t");
-  size_t e = s.find_last_not_of(" \t");
-  if (b == std::string::npos) throw RuntimeError(err::TypeMismatch);
-  std::string t = s.substr(b, e - b + 1);
-  if (t.size() > 2 && t[0] == '&' && (t[1] == 'H' || t[1] == 'h' || t[1] == 'O' || t[1] == 'o')) {
-    int base = (t[1] == 'H' || t[1] == 'h') ? 16 : 8;
-    std::string digits = t.substr(2);
-    if (!digits.empty() && digits.back() == '&') digits.pop_back();
-    char* end = nullptr;
-    unsigned long long v = std::strtoull(digits.c_str(), &end, base);
-    if (digits.empty() || *end != '\0') throw RuntimeError(err::TypeMismatch);
-    if (v > 0xFFFFFFFFull) raiseOverflow();
-    if (v <= 0xFFFF && digits.size() <= (base == 16 ? 4u : 6u) && t.back() != '&') return int16_t(uint16_t(v));
-    return int32_t(uint32_t(v));
-  }
-  char* end = nullptr;
-  double v = std::strtod(t.c_str(), &end);
-  if (end == t.c_str() || *end != '\0') throw RuntimeError(err::TypeMismatch);
-  // strtod accepts forms the language does not ("inf", "nan", hex floats).
-  for (char c : t)
-    if (!(std::isdigit(static_cast<unsigned char>(c)) || c == '.' || c == '-' || c == '+' || c == 'e' || c == 'E'))
-      throw RuntimeError(err::TypeMismatch);
-  return v;
+  if (auto v = parseNumber(s)) return *v;
+  throw RuntimeError(err::TypeMismatch);
 }
 
+// The language's text of a floating value: up to `digits` significant digits, exponent form
+// from 1E+15 up and from 1E-05 down. to_chars, unlike printf, ignores the process locale.
 std::string formatFloating(double v, int digits) {
   if (v == 0) return "0";
   char buf[64];
-  std::snprintf(buf, sizeof buf, "%.*G", digits, v);
-  std::string s = buf;
-  // Drop trailing zeros of the mantissa, which %G keeps in exponent form.
-  size_t epos = s.find('E');
-  std::string mant = epos == std::string::npos ? s : s.substr(0, epos);
-  std::string expo = epos == std::string::npos ? "" : s.substr(epos);
-  if (mant.find('.') != std::string::npos) {
-    while (!mant.empty() && mant.back() == '0') mant.pop_back();
-    if (!mant.empty() && mant.back() == '.') mant.pop_back();
-  }
-  if (!expo.empty()) {
-    // "E+05" -> "E+05" is kept two digits wide at least, as the language prints it.
-    char sign = expo[1];
-    std::string num = expo.substr(2);
-    while (num.size() > 2 && num[0] == '0') num.erase(0, 1);
-    expo = std::string("E") + sign + num;
-  }
-  return mant + expo;
+  auto r = std::to_chars(buf, buf + sizeof buf, v, std::chars_format::general, digits);
+  std::string s(buf, r.ptr);
+  for (char& c : s)
+    if (c == 'e') c = 'E';
+  return s;
 }
 
 }  // namespace
@@ -89,7 +58,7 @@ std::string Variant::typeName() const {
 double Variant::toDouble() const {
   switch (type()) {
     case Type::Empty: return 0;
-    case Type::Null: throw RuntimeError(94, "Invalid use of Null");
+    case Type::Null: throw RuntimeError(err::InvalidUseOfNull);
     case Type::Boolean: return std::get<bool>(m_value) ? -1 : 0;
     case Type::Byte: return std::get<uint8_t>(m_value);
     case Type::Integer: return std::get<int16_t>(m_value);
@@ -116,7 +85,7 @@ float Variant::toSingle() const { return CSng(toDouble()); }
 std::string Variant::toString() const {
   switch (type()) {
     case Type::Empty: return {};
-    case Type::Null: throw RuntimeError(94, "Invalid use of Null");
+    case Type::Null: throw RuntimeError(err::InvalidUseOfNull);
     case Type::Boolean: return std::get<bool>(m_value) ? "True" : "False";
     case Type::Byte: return std::to_string(std::get<uint8_t>(m_value));
     case Type::Integer: return std::to_string(std::get<int16_t>(m_value));

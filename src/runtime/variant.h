@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 #include <type_traits>
+#include <utility>
 #include <variant>
 
 #include "runtime/runtime_error.h"
@@ -28,6 +29,14 @@ class Variant {
   Variant(uint8_t v) : m_value(v) {}
   Variant(int16_t v) : m_value(v) {}
   Variant(int32_t v) : m_value(v) {}
+  // An unsigned 32-bit value is the bit pattern of a Long, as the language's &H literals are:
+  // Variant(0x8000000F) is the system colour -2147483633.
+  Variant(uint32_t v) : m_value(static_cast<int32_t>(v)) {}
+  // Wider integers (sizes, counts): a Long when they fit, a Double otherwise.
+  Variant(long v) : m_value(wide(v)) {}
+  Variant(long long v) : m_value(wide(v)) {}
+  Variant(unsigned long v) : m_value(wide(v)) {}
+  Variant(unsigned long long v) : m_value(wide(v)) {}
   Variant(float v) : m_value(v) {}
   Variant(double v) : m_value(v) {}
   Variant(std::string v) : m_value(std::move(v)) {}
@@ -65,6 +74,13 @@ class Variant {
   bool operator==(const Variant& other) const;
 
  private:
+  template <class I>
+  static std::variant<std::monostate, NullTag, bool, uint8_t, int16_t, int32_t, float, double, std::string, ObjectRef>
+  wide(I v) {
+    if (std::in_range<int32_t>(v)) return static_cast<int32_t>(v);
+    return static_cast<double>(v);
+  }
+
   std::variant<std::monostate, NullTag, bool, uint8_t, int16_t, int32_t, float, double, std::string, ObjectRef>
       m_value;
 };

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+#include <tuple>
+#include <unordered_map>
+
+#include "desktop/text_font.h"
+#include "platform/types.h"
+
+// Pango's types, declared here so that users of this header need not see Pango's headers.
+typedef struct _PangoContext PangoContext;
+typedef struct _PangoFontMap PangoFontMap;
+
+namespace corvane {
+
+// The fonts in use, each made once: by face, pixel size, weight and slant, and, in front of that,
+// by the description a caller gives (so that asking again for a known description is a lookup).
+class FontCache {
+ public:
+  FontCache();
+  ~FontCache();
+  FontCache(const FontCache&) = delete;
+  FontCache& operator=(const FontCache&) = delete;
+
+  // The font for a description at a vertical resolution: pixels = points * pixelsPerInch / 72,
+  // rounded. Underline and strikethrough are not part of a TextFont; the caller keeps them.
+  std::shared_ptr<TextFont> font(const FontSpec& spec, int32_t pixelsPerInch);
+
+  // The installed family that draws a face name.
+  std::string familyFor(const std::string& name);
+
+ private:
+  struct SpecHash {
+    size_t operator()(const FontSpec& s) const;
+  };
+  PangoFontMap* m_fontMap;
+  PangoContext* m_context;
+  std::set<std::string> m_installed;  // installed family names, lower case
+  int32_t m_pixelsPerInch = 0;        // resolution the description memo was made for
+  std::unordered_map<FontSpec, std::shared_ptr<TextFont>, SpecHash> m_bySpec;
+  std::map<std::tuple<std::string, int32_t, bool, bool>, std::shared_ptr<TextFont>> m_byFace;
+};
+
+}  // namespace corvane

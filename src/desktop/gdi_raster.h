@@ -1,0 +1,38 @@
+#pragma once
+#include <cstdint>
+#include <vector>
+
+#include "desktop/canvas.h"
+#include "platform/types.h"
+
+namespace corvane {
+
+// Aliased, pixel-exact shapes written straight into a canvas, clipped to it.
+class GdiRaster {
+ public:
+  // A line from (x0, y0) towards (x1, y1); the end point itself is not drawn. A width above 1
+  // paints a square of that many pixels around each point.
+  static void line(Canvas& canvas, int32_t x0, int32_t y0, int32_t x1, int32_t y1, COLORREF colour,
+                   int32_t width);
+
+  // One-pixel frame on the inside edge of [left, right) x [top, bottom).
+  static void frame(Canvas& canvas, int32_t left, int32_t top, int32_t right, int32_t bottom, COLORREF colour);
+
+  // The row spans of a rectangle with quarter-ellipse corners of the given ellipse size: for
+  // each row from top, the first and one past the last pixel inside.
+  struct RowSpan {
+    int32_t left, right;
+  };
+  static std::vector<RowSpan> roundedShape(int32_t left, int32_t top, int32_t right, int32_t bottom,
+                                           int32_t ellipseWidth, int32_t ellipseHeight);
+
+  // Paints a shape given by row spans starting at row top: the pixels on its edge with the
+  // outline colour (when outline is true), the rest with the fill colour (when fill is true).
+  static void paintShape(Canvas& canvas, int32_t top, const std::vector<RowSpan>& rows, bool outline,
+                         COLORREF outlineColour, int32_t outlineWidth, bool fill, COLORREF fillColour);
+
+ private:
+  static void plot(Canvas& canvas, int32_t x, int32_t y, uint32_t argb, int32_t width);
+};
+
+}  // namespace corvane

@@ -1,0 +1,239 @@
+#include "desktop/text_font.h"
+
+#include <pango/pangocairo.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "desktop/text_utf8.h"
+
+namespace corvane {
+
+namespace {
+
+inline uint32_t div255(uint32_t v) {
+  v += 128;
+  return (v + (v >> 8)) >> 8;
+}
+
+}  // namespace
+
+TextFont::TextFont(PangoContext* context, const std::string& family, int32_t pixelSize, bool bold, bool italic,
+                   FontSubstitution::Symbols symbols)
+    : m_context(static_cast<PangoContext*>(g_object_ref(context))),
+      m_description(pango_font_description_new()),
+      m_layout(pango_layout_new(context)),
+      m_symbols(symbols),
+      m_pixelSize(std::max(pixelSize, 1)) {
+  pango_font_description_set_family(m_description, family.c_str());
+  pango_font_description_set_absolute_size(m_description, double(m_pixelSize) * PANGO_SCALE);
+  pango_font_description_set_weight(m_description, bold ? PANGO_WEIGHT_BOLD : PANGO_WEIGHT_NORMAL);
+  pango_font_description_set_style(m_description, italic ? PANGO_STYLE_ITALIC : PANGO_STYLE_NORMAL);
+  pango_layout_set_font_description(m_layout, m_description);
+
+  if (PangoFont* font = pango_context_load_font(context, m_description)) {
+    PangoFontMetrics* metrics = pango_font_get_metrics(font, nullptr);
+    m_ascent = PANGO_PIXELS_CEIL(pango_font_metrics_get_ascent(metrics));
+    m_descent = PANGO_PIXELS_CEIL(pango_font_metrics_get_descent(metrics));
+    m_aveCharWidth = PANGO_PIXELS(pango_font_metrics_get_approximate_char_width(metrics));
+    m_underlineThickness = std::max(1, PANGO_PIXELS(pango_font_metrics_get_underline_thickness(metrics)));
+    m_underlineOffset = PANGO_PIXELS(-pango_font_metrics_get_underline_position(metrics));
+    m_strikeThickness = std::max(1, PANGO_PIXELS(pango_font_metrics_get_strikethrough_thickness(metrics)));
+    m_strikeOffset = PANGO_PIXELS(-pango_font_metrics_get_strikethrough_position(metrics));
+    pango_font_metrics_unref(metrics);
+    g_object_unref(font);
+  }
+  // The underline stays inside the line box.
+  m_underlineOffset = std::clamp(m_underlineOffset, 1, std::max(1, m_descent - m_underlineThickness));
+
+  for (char32_t c = 0; c < 128; ++c) {
+    m_ascii[c] = shape(c);
+    m_maxCharWidth = std::max(m_maxCharWidth, m_ascii[c].advance);
+  }
+}
+
+TextFont::~TextFont() {
+  for (Slot& s : m_slots) {
+    cairo_scaled_font_destroy(s.scaled);
+    g_object_unref(s.font);
+  }
+  g_object_unref(m_layout);
+  pango_font_description_free(m_description);
+  g_object_unref(m_context);
+}
+
+int32_t TextFont::advanceOf(std::string_view text, size_t& i) { return glyph(nextCodePoint(text, i)).advance; }
+
+TextFont::Glyph& TextFont::glyph(char32_t c) {
+  if (c < 128) return m_ascii[c];
+  auto it = m_other.find(c);
+  if (it == m_other.end()) it = m_other.emplace(c, shape(c)).first;
+  return it->second;
+}
+
+TextFont::Glyph TextFont::shape(char32_t c) {
+  Glyph g;
+  if (c < 0x20 || c == 0x7F) return g;  // control characters take no room and show nothing
+  std::string s;
+  appendUtf8(s, FontSubstitution::mapSymbol(m_symbols, c));
+  pango_layout_set_text(m_layout, s.data(), static_cast<int>(s.size()));
+  PangoLayoutLine* line = pango_layout_get_line_readonly(m_layout, 0);
+  int32_t units = 0;
+  for (GSList* r = line ? line->runs : nullptr; r; r = r->next) {
+    auto* run = static_cast<PangoGlyphItem*>(r->data);
+    for (int k = 0; k < run->glyphs->num_glyphs; ++k) {
+      const PangoGlyphInfo& info = run->glyphs->glyphs[k];
+      units += info.geometry.width;
+      if (g.slot >= 0 || (info.glyph & PANGO_GLYPH_UNKNOWN_FLAG) || info.glyph == PANGO_GLYPH_EMPTY) continue;
+      // The glyph may come from a fallback face; each face keeps its own Cairo font.
+      PangoFont* font = run->item->analysis.font;
+      auto found = std::find_if(m_slots.begin(), m_slots.end(), [font](const Slot& s) { return s.font == font; });
+      if (found == m_slots.end()) {
+        cairo_scaled_font_t* scaled = pango_cairo_font_get_scaled_font(PANGO_CAIRO_FONT(font));
+        if (!scaled) continue;
+        m_slots.push_back({static_cast<PangoFont*>(g_object_ref(font)), cairo_scaled_font_reference(scaled)});
+        found = m_slots.end() - 1;
+      }
+      g.index = info.glyph;
+      g.slot = static_cast<int32_t>(found - m_slots.begin());
+    }
+  }
+  g.advance = PANGO_PIXELS(units);
+  return g;
+}
+
+const TextFont::GlyphImage& TextFont::image(Glyph& g) {
+  if (g.image >= 0) return m_images[static_cast<size_t>(g.image)];
+  GlyphImage im;
+  cairo_scaled_font_t* scaled = m_slots[static_cast<size_t>(g.slot)].scaled;
+  cairo_glyph_t cg{g.index, 0, 0};
+  cairo_text_extents_t e;
+  cairo_scaled_font_glyph_extents(scaled, &cg, 1, &e);
+  if (e.width > 0 && e.height > 0) {
+    const int32_t left = static_cast<int32_t>(std::floor(e.x_bearing)) - 1;
+    const int32_t top = static_cast<int32_t>(std::floor(e.y_bearing)) - 1;
+    const int32_t w = static_cast<int32_t>(std::ceil(e.x_bearing + e.width)) + 1 - left;
+    const int32_t h = static_cast<int32_t>(std::ceil(e.y_bearing + e.height)) + 1 - top;
+    cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_A8, w, h);
+    cairo_t* cr = cairo_create(surface);
+    cairo_set_scaled_font(cr, scaled);
+    cg.x = -left;
+    cg.y = -top;
+    cairo_show_glyphs(cr, &cg, 1);
+    cairo_destroy(cr);
+    cairo_surface_flush(surface);
+    const unsigned char* data = cairo_image_surface_get_data(surface);
+    const int stride = cairo_image_surface_get_stride(surface);
+    // Keep only the rows and columns that have ink.
+    int32_t x0 = w, y0 = h, x1 = -1, y1 = -1;
+    for (int32_t y = 0; y < h; ++y)
+      for (int32_t x = 0; x < w; ++x)
+        if (data[y * stride + x]) {
+          x0 = std::min(x0, x);
+          x1 = std::max(x1, x);
+          y0 = std::min(y0, y);
+          y1 = std::max(y1, y);
+        }
+    if (x1 >= 0) {
+      im.left = left + x0;
+      im.top = top + y0;
+      im.width = x1 - x0 + 1;
+      im.height = y1 - y0 + 1;
+      im.coverage.resize(static_cast<size_t>(im.width) * static_cast<size_t>(im.height));
+      for (int32_t y = 0; y < im.height; ++y)
+        std::copy_n(data + (y0 + y) * stride + x0, im.width, im.coverage.begin() + y * im.width);
+    }
+    cairo_surface_destroy(surface);
+  }
+  g.image = static_cast<int32_t>(m_images.size());
+  m_images.push_back(std::move(im));
+  return m_images.back();
+}
+
+int32_t TextFont::draw(Canvas& canvas, int32_t x, int32_t y, std::string_view text, COLORREF colour,
+                       const RECT& clip) {
+  const uint32_t sr = colour & 255, sg = (colour >> 8) & 255, sb = (colour >> 16) & 255;
+  const int32_t baseline = y + m_ascent;
+  int32_t pen = x;
+  for (size_t i = 0; i < text.size();) {
+    const auto b = static_cast<unsigned char>(text[i]);
+    Glyph& g = b < 0x80 ? m_ascii[b] : glyph(nextCodePoint(text, i));
+    if (b < 0x80) ++i;
+    if (g.slot >= 0) {
+      const GlyphImage& im = image(g);
+      const int32_t gx = pen + im.left, gy = baseline + im.top;
+      const int32_t r0 = std::max(0, clip.Top - gy), r1 = std::min(im.height, clip.Bottom - gy);
+      const int32_t c0 = std::max(0, clip.Left - gx), c1 = std::min(im.width, clip.Right - gx);
+      for (int32_t r = r0; r < r1; ++r) {
+        uint32_t* row = canvas.row(gy + r);
+        const uint8_t* cov = im.coverage.data() + r * im.width;
+        for (int32_t c = c0; c < c1; ++c) {
+          const uint32_t a = cov[c];
+          if (a == 0) continue;
+          uint32_t& p = row[gx + c];
+          if (a == 255) {
+            p = 0xFF000000u | (sr << 16) | (sg << 8) | sb;
+            continue;
+          }
+          // The text colour, as far as the glyph covers the pixel, over what is there.
+          const uint32_t d = p, na = 255 - a;
+          const uint32_t oa = a + div255(((d >> 24) & 255) * na);
+          const uint32_t orr = div255(sr * a + ((d >> 16) & 255) * na);
+          const uint32_t og = div255(sg * a + ((d >> 8) & 255) * na);
+          const uint32_t ob = div255(sb * a + (d & 255) * na);
+          p = (oa << 24) | (orr << 16) | (og << 8) | ob;
+        }
+      }
+    }
+    pen += g.advance;
+  }
+  return pen - x;
+}
+
+void TextFont::drawWithCairo(Canvas& canvas, int32_t x, int32_t y, std::string_view text, COLORREF colour,
+                             const RECT& clip) {
+  canvas.markDirty();
+  cairo_t* cr = cairo_create(canvas.surface());
+  cairo_rectangle(cr, clip.Left, clip.Top, clip.Right - clip.Left, clip.Bottom - clip.Top);
+  cairo_clip(cr);
+  cairo_set_source_rgb(cr, (colour & 255) / 255.0, ((colour >> 8) & 255) / 255.0, ((colour >> 16) & 255) / 255.0);
+  const double baseline = y + m_ascent;
+  int32_t pen = x, slot = -1;
+  auto flushRun = [&] {
+    if (m_run.empty()) return;
+    cairo_set_scaled_font(cr, m_slots[static_cast<size_t>(slot)].scaled);
+    cairo_show_glyphs(cr, m_run.data(), static_cast<int>(m_run.size()));
+    m_run.clear();
+  };
+  for (size_t i = 0; i < text.size();) {
+    const Glyph& g = glyph(nextCodePoint(text, i));
+    if (g.slot >= 0) {
+      if (g.slot != slot) {
+        flushRun();
+        slot = g.slot;
+      }
+      m_run.push_back({g.index, double(pen), baseline});
+    }
+    pen += g.advance;
+  }
+  flushRun();
+  cairo_destroy(cr);
+  canvas.flush();
+}
+
+std::string TextFont::mapped(std::string_view text) const {
+  if (m_symbols == FontSubstitution::Symbols::None) return std::string(text);
+  std::string out;
+  for (size_t i = 0; i < text.size();) appendUtf8(out, FontSubstitution::mapSymbol(m_symbols, nextCodePoint(text, i)));
+  return out;
+}
+
+SIZE TextFont::layoutSize(std::string_view text) {
+  std::string s = mapped(text);
+  pango_layout_set_text(m_layout, s.data(), static_cast<int>(s.size()));
+  SIZE size;
+  pango_layout_get_pixel_size(m_layout, &size.cx, &size.cy);
+  return size;
+}
+
+}  // namespace corvane

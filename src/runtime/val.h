@@ -1,0 +1,26 @@
+#pragma once
+#include <optional>
+#include <string_view>
+
+// Reading numbers from text the way the language does.
+namespace corvane {
+
+// Val: the number at the start of a text, 0 when none stands there. Blanks, tabs and line feeds
+// are skipped wherever they are ("1 2 3" reads 123). A decimal number is an optional sign,
+// digits with at most one decimal point and an optional exponent (E or D). "&H" and "&O" start
+// a hexadecimal or octal number: with a value up to &HFFFF it is a signed 16-bit number (&HFFFF
+// is -1), above that a signed 32-bit one (&HFFFFFFFF is -1); a trailing "&" makes it 32-bit
+// always (&HFFFF& is 65535). More than 32 bits, or a decimal number beyond the range of a
+// double, is error 6. A sign does not combine with "&H": "-&H1" reads 0, since a sign starts a
+// decimal number and "&" is no digit of one.
+double Val(std::string_view text);
+
+// The whole text, blanks and tabs at its ends aside, as a number: a decimal number (exponent
+// with E) or an "&H"/"&O" literal. Empty when the text is something else. A literal beyond 32
+// bits is error 6, as its conversion would be.
+std::optional<double> parseNumber(std::string_view text);
+
+// IsNumeric for a text: parseNumber would give a number (and no error).
+bool IsNumeric(std::string_view text);
+
+}  // namespace corvane

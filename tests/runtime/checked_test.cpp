@@ -1,0 +1,101 @@
+#include "runtime/checked.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+#include "runtime/expect_error.h"
+
+using namespace corvane;
+
+TEST(Checked, SixteenBitSumsOverflowWithError6) {
+  EXPECT_EQ(add16(32766, 1), 32767);
+  EXPECT_RUNTIME_ERROR(add16(32767, 1), 6);
+  EXPECT_RUNTIME_ERROR(add16(-32768, -1), 6);
+  EXPECT_EQ(sub16(-32767, 1), -32768);
+  EXPECT_RUNTIME_ERROR(sub16(-32768, 1), 6);
+  EXPECT_RUNTIME_ERROR(sub16(0, -32768), 6);
+  EXPECT_EQ(mul16(181, 181), 32761);
+  EXPECT_RUNTIME_ERROR(mul16(256, 128), 6);
+  EXPECT_RUNTIME_ERROR(mul16(-1, -32768), 6);
+}
+
+TEST(Checked, ThirtyTwoBitArithmeticOverflowsWithError6) {
+  const int32_t max = std::numeric_limits<int32_t>::max(), min = std::numeric_limits<int32_t>::min();
+  EXPECT_EQ(add32(max - 1, 1), max);
+  EXPECT_RUNTIME_ERROR(add32(max, 1), 6);
+  EXPECT_RUNTIME_ERROR(sub32(min, 1), 6);
+  EXPECT_EQ(mul32(46340, 46340), 2147395600);
+  EXPECT_RUNTIME_ERROR(mul32(46341, 46341), 6);
+  EXPECT_RUNTIME_ERROR(mul32(65536, 32768), 6);
+  EXPECT_EQ(mul32(-65536, 32768), min);
+}
+
+TEST(Checked, NegationOverflow) {
+  EXPECT_EQ(neg16(32767), -32767);
+  EXPECT_RUNTIME_ERROR(neg16(-32768), 6);
+  EXPECT_EQ(neg32(5), -5);
+  EXPECT_RUNTIME_ERROR(neg32(std::numeric_limits<int32_t>::min()), 6);
+}
+
+TEST(Checked, IntegerDivisionTruncates) {
+  EXPECT_EQ(intDiv(7, 2), 3);
+  EXPECT_EQ(intDiv(-7, 2), -3);
+  EXPECT_EQ(intDiv(7, -2), -3);
+  EXPECT_EQ(intDiv(1, 3), 0);
+  EXPECT_EQ(intDiv(7.5, 2), 4);  // operands are rounded first: 8 \ 2
+  EXPECT_EQ(intDiv(6.5, 2), 3);  // 6 \ 2
+}
+
+TEST(Checked, IntegerDivisionByZeroIsError11) {
+  EXPECT_RUNTIME_ERROR(intDiv(1, 0), 11);
+  EXPECT_RUNTIME_ERROR(intDiv(1, 0.4), 11);  // 0.4 rounds to 0
+  EXPECT_RUNTIME_ERROR(intDiv(std::numeric_limits<int32_t>::min(), -1), 6);
+  EXPECT_RUNTIME_ERROR(intDiv(3e9, 2), 6);
+}
+
+TEST(Checked, ModKeepsTheSignOfTheDividend) {
+  EXPECT_EQ(mod32(7, 3), 1);
+  EXPECT_EQ(mod32(-7, 3), -1);
+  EXPECT_EQ(mod32(7, -3), 1);
+  EXPECT_EQ(mod32(5.5, 2), 0);  // 6 Mod 2
+  EXPECT_EQ(mod32(std::numeric_limits<int32_t>::min(), -1), 0);
+  EXPECT_RUNTIME_ERROR(mod32(1, 0), 11);
+}
+
+TEST(Checked, FloatingDivisionByZero) {
+  EXPECT_EQ(corvane::fdiv(1, 4), 0.25);  // qualified: the C library has an fdiv too
+  EXPECT_RUNTIME_ERROR(corvane::fdiv(1, 0), 11);
+  EXPECT_RUNTIME_ERROR(corvane::fdiv(0, 0), 6);
+}
+
+TEST(Checked, RoundingConversions) {
+  EXPECT_EQ(CInt(2.5), 2);
+  EXPECT_EQ(CInt(3.5), 4);
+  EXPECT_EQ(CInt(-2.5), -2);
+  EXPECT_RUNTIME_ERROR(CInt(32767.5), 6);
+  EXPECT_EQ(CLng(-0.5), 0);
+  EXPECT_EQ(CByte(254.5), 254);
+  EXPECT_RUNTIME_ERROR(CByte(255.5), 6);
+  EXPECT_RUNTIME_ERROR(CByte(-0.6), 6);
+  EXPECT_RUNTIME_ERROR(CLng(std::numeric_limits<double>::quiet_NaN()), 6);
+  EXPECT_EQ(CSng(0.5), 0.5f);
+  EXPECT_RUNTIME_ERROR(CSng(1e39), 6);
+}
+
+TEST(Checked, IntAndFix) {
+  EXPECT_EQ(Int(2.7), 2);
+  EXPECT_EQ(Int(-2.5), -3);
+  EXPECT_EQ(Fix(-2.5), -2);
+  EXPECT_EQ(Fix(2.7), 2);
+}
+
+TEST(Checked, RoundTiesToEven) {
+  EXPECT_EQ(Round(2.5), 2);
+  EXPECT_EQ(Round(3.5), 4);
+  EXPECT_EQ(Round(-2.5), -2);
+  EXPECT_DOUBLE_EQ(Round(1.25, 1), 1.2);
+  EXPECT_DOUBLE_EQ(Round(1.35, 1), 1.4);
+  EXPECT_DOUBLE_EQ(Round(1.23456, 3), 1.235);
+  EXPECT_RUNTIME_ERROR(Round(1.5, -1), 5);
+}
