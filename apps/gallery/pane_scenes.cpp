@@ -142,6 +142,7 @@ std::vector<Scene> paneScenes() {
          pic->surface().setBackColor(0xF0D8B0);
          lp->AttachControl(pic->extenderRef());
          Surface& s = pic->surface();
+         s.Cls();  // the picture box does not repaint its new area by itself
          s.Line(0, 0, s.ScaleWidth() - 15, s.ScaleHeight() - 15, 0x804000, true);
          s.Line(0, 0, s.ScaleWidth() - 15, s.ScaleHeight() - 15, 0x804000);
          s.Line(0, s.ScaleHeight() - 15, s.ScaleWidth() - 15, 0, 0x804000);

@@ -37,9 +37,10 @@ class PaneDrawTest : public ContainerTest {
   ::testing::AssertionResult screenMatches(const ExpectedImage& e) {
     int mismatches = 0;
     std::ostringstream out;
+    const Canvas& screen = desktop().screen();  // composed once for the whole comparison
     for (int32_t y = 0; y < e.height(); ++y)
       for (int32_t x = 0; x < e.width(); ++x) {
-        COLORREF got = screenPixel(kOffset + x, kOffset + y);
+        COLORREF got = screen.pixel(kOffset + x, kOffset + y);
         if (got != e.at(x, y)) {
           if (++mismatches <= 8)
             out << " (" << x << "," << y << "): got " << std::hex << got << " want " << e.at(x, y) << std::dec;
