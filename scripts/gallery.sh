@@ -5,4 +5,4 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/install-deps.sh
 scripts/build.sh build
-./build/apps/gallery/corvane-gallery --out out/gallery "$@"
+./build/apps/corvane-gallery --out out/gallery "$@"

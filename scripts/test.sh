@@ -9,9 +9,10 @@ for a in "$@"; do [ "$a" = "--no-sanitize" ] && sanitize=0; done
 scripts/install-deps.sh
 scripts/build.sh build
 (cd build && ctest --output-on-failure -j"$(nproc)")
-./build/apps/gallery/corvane-gallery --out build/gallery-check >/dev/null
+./build/apps/corvane-gallery --out build/gallery-check >/dev/null
 scripts/check-install.sh build
 if [ "$sanitize" = 1 ]; then
-  BUILD_TYPE=Debug scripts/build.sh build-asan -DCORVANE_SANITIZE=address,undefined -DCORVANE_BENCH=OFF
-  (cd build-asan && ctest --output-on-failure -j"$(nproc)")
+  BUILD_TYPE=Debug scripts/build.sh build-asan -DCORVANE_SANITIZE=address,undefined -DCORVANE_BENCH=OFF -DCORVANE_APPS=OFF
+  # One process for the whole suite: sanitizer start-up per test would cost minutes.
+  ./build-asan/tests/corvane_tests --gtest_brief=1
 fi

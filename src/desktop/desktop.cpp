@@ -66,9 +66,8 @@ Desktop::Desktop(Options options)
   setTwipsPerPixel(options.twipsPerPixelX, options.twipsPerPixelY);
 }
 
-Desktop::~Desktop() {
-  for (HWND h : m_windows->topLevelWindows()) m_windows->DestroyWindow(h);
-}
+// Windows still open at the end are dropped without messages: their owners may be gone already.
+Desktop::~Desktop() = default;
 
 GdiApi& Desktop::gdi() { return *m_gdi; }
 

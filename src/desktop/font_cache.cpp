@@ -14,7 +14,8 @@ namespace corvane {
 namespace {
 
 std::string lower(std::string s) {
-  std::transform(s.begin(), s.end(), s.begin(), [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+  std::transform(s.begin(), s.end(), s.begin(),
+                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
   return s;
 }
 
@@ -23,7 +24,8 @@ std::string lower(std::string s) {
 size_t FontCache::SpecHash::operator()(const FontSpec& s) const {
   size_t h = std::hash<std::string>()(s.name);
   h ^= std::hash<double>()(s.size) + 0x9e3779b97f4a7c15ull + (h << 6) + (h >> 2);
-  return h ^ (size_t(s.bold) | size_t(s.italic) << 1 | size_t(s.underline) << 2 | size_t(s.strikethrough) << 3);
+  return h ^
+         (size_t(s.bold) | size_t(s.italic) << 1 | size_t(s.underline) << 2 | size_t(s.strikethrough) << 3);
 }
 
 FontCache::FontCache()

@@ -5,7 +5,6 @@
 #include <climits>
 #include <cstring>
 #include <fstream>
-#include <iterator>
 #include <utility>
 
 #include "desktop/gdi_raster.h"
@@ -48,7 +47,8 @@ void appendArg(std::string& out, const FontSpec& f) {
 }
 
 RECT intersect(const RECT& a, const RECT& b) {
-  return {std::max(a.Left, b.Left), std::max(a.Top, b.Top), std::min(a.Right, b.Right), std::min(a.Bottom, b.Bottom)};
+  return {std::max(a.Left, b.Left), std::max(a.Top, b.Top), std::min(a.Right, b.Right),
+          std::min(a.Bottom, b.Bottom)};
 }
 
 RECT bounds(const Canvas& c) { return {0, 0, c.width(), c.height()}; }
@@ -141,7 +141,8 @@ GdiObject* DesktopGdi::object(int32_t handle) {
 
 const GdiObject* DesktopGdi::picture(int32_t handle) {
   const GdiObject* o = object(handle);
-  if (!o || (o->kind != GdiObject::Kind::Image && o->kind != GdiObject::Kind::Bitmap) || !o->canvas) return nullptr;
+  if (!o || (o->kind != GdiObject::Kind::Image && o->kind != GdiObject::Kind::Bitmap) || !o->canvas)
+    return nullptr;
   return o;
 }
 
@@ -266,13 +267,20 @@ int32_t DesktopGdi::GetDeviceCaps(HDC hdc, int32_t index) {
   if (d->recording) record(*d, "GetDeviceCaps", index);
   Canvas* c = target(*d);
   switch (index) {
-    case LOGPIXELSX: return m_dpiX;
-    case LOGPIXELSY: return m_dpiY;
-    case BITSPIXEL: return 32;
-    case PLANES: return 1;
-    case HORZRES: return c ? c->width() : 0;
-    case VERTRES: return c ? c->height() : 0;
-    default: return 0;
+    case LOGPIXELSX:
+      return m_dpiX;
+    case LOGPIXELSY:
+      return m_dpiY;
+    case BITSPIXEL:
+      return 32;
+    case PLANES:
+      return 1;
+    case HORZRES:
+      return c ? c->width() : 0;
+    case VERTRES:
+      return c ? c->height() : 0;
+    default:
+      return 0;
   }
 }
 
@@ -496,8 +504,8 @@ bool DesktopGdi::DrawEdge(HDC hdc, RECT& rect, int32_t edge, int32_t flags) {
   return true;
 }
 
-bool DesktopGdi::RoundRect(HDC hdc, int32_t left, int32_t top, int32_t right, int32_t bottom, int32_t ellipseWidth,
-                           int32_t ellipseHeight) {
+bool DesktopGdi::RoundRect(HDC hdc, int32_t left, int32_t top, int32_t right, int32_t bottom,
+                           int32_t ellipseWidth, int32_t ellipseHeight) {
   DcState* d = dc(hdc);
   if (!d) return false;
   if (d->recording) record(*d, "RoundRect", left, top, right, bottom, ellipseWidth, ellipseHeight);
@@ -617,15 +625,16 @@ bool DesktopGdi::BitBlt(HDC dest, int32_t x, int32_t y, int32_t width, int32_t h
   return true;
 }
 
-bool DesktopGdi::StretchBlt(HDC dest, int32_t x, int32_t y, int32_t width, int32_t height, HDC src, int32_t srcX,
-                            int32_t srcY, int32_t srcWidth, int32_t srcHeight, int32_t rop) {
+bool DesktopGdi::StretchBlt(HDC dest, int32_t x, int32_t y, int32_t width, int32_t height, HDC src,
+                            int32_t srcX, int32_t srcY, int32_t srcWidth, int32_t srcHeight, int32_t rop) {
   DcState* d = dc(dest);
   if (!d) return false;
   if (d->recording) record(*d, "StretchBlt", x, y, width, height, src, srcX, srcY, srcWidth, srcHeight, rop);
   DcState* s = dc(src);
   Canvas* to = target(*d);
   Canvas* from = s ? target(*s) : nullptr;
-  if (!to || !from || rop != SRCCOPY || width < 0 || height < 0 || srcWidth <= 0 || srcHeight <= 0) return false;
+  if (!to || !from || rop != SRCCOPY || width < 0 || height < 0 || srcWidth <= 0 || srcHeight <= 0)
+    return false;
   if (width == srcWidth && height == srcHeight) {
     const bool recording = d->recording;
     d->recording = false;  // one call, one log line
@@ -667,7 +676,8 @@ void DesktopGdi::paintText(DcState& state, Canvas& canvas, int32_t x, int32_t y,
   if (state.bkMode == OPAQUE) fillClipped(canvas, clip, x, y, x + width, y + font.height(), state.bkColour);
   font.draw(canvas, x, y, text, state.textColour, clip);
   const int32_t baseline = y + font.ascent();
-  const int32_t underTop = baseline + font.underlineOffset(), underBottom = underTop + font.underlineThickness();
+  const int32_t underTop = baseline + font.underlineOffset(),
+                underBottom = underTop + font.underlineThickness();
   if (state.underline) fillClipped(canvas, clip, x, underTop, x + width, underBottom, state.textColour);
   if (state.strikethrough) {
     const int32_t top = baseline + font.strikeOffset();
@@ -827,18 +837,20 @@ bool DesktopGdi::DrawIconEx(HDC hdc, int32_t x, int32_t y, HICON icon, int32_t w
   Canvas* c = target(*d);
   if (!o || !c) return false;
   const Canvas& src = *o->canvas;
-  ImagePainter::draw(*c, src, x, y, width ? width : src.width(), height ? height : src.height(), 0, 0, src.width(),
-                     src.height(), -1);
+  ImagePainter::draw(*c, src, x, y, width ? width : src.width(), height ? height : src.height(), 0, 0,
+                     src.width(), src.height(), -1);
   c->markDirty();
   drawn(*d);
   return true;
 }
 
-bool DesktopGdi::DrawImage(HDC hdc, HGDIOBJ image, int32_t x, int32_t y, int32_t width, int32_t height, int32_t srcX,
-                           int32_t srcY, int32_t srcWidth, int32_t srcHeight, COLORREF maskColour) {
+bool DesktopGdi::DrawImage(HDC hdc, HGDIOBJ image, int32_t x, int32_t y, int32_t width, int32_t height,
+                           int32_t srcX, int32_t srcY, int32_t srcWidth, int32_t srcHeight,
+                           COLORREF maskColour) {
   DcState* d = dc(hdc);
   if (!d) return false;
-  if (d->recording) record(*d, "DrawImage", image, x, y, width, height, srcX, srcY, srcWidth, srcHeight, maskColour);
+  if (d->recording)
+    record(*d, "DrawImage", image, x, y, width, height, srcX, srcY, srcWidth, srcHeight, maskColour);
   const GdiObject* o = picture(image);
   Canvas* c = target(*d);
   if (!o || !c) return false;

@@ -97,8 +97,8 @@ class DesktopGdi : public GdiApi {
   bool LineTo(HDC hdc, int32_t x, int32_t y) override;
   COLORREF SetPixel(HDC hdc, int32_t x, int32_t y, COLORREF colour) override;
   COLORREF GetPixel(HDC hdc, int32_t x, int32_t y) override;
-  bool BitBlt(HDC dest, int32_t x, int32_t y, int32_t width, int32_t height, HDC src, int32_t srcX, int32_t srcY,
-              int32_t rop) override;
+  bool BitBlt(HDC dest, int32_t x, int32_t y, int32_t width, int32_t height, HDC src, int32_t srcX,
+              int32_t srcY, int32_t rop) override;
   bool StretchBlt(HDC dest, int32_t x, int32_t y, int32_t width, int32_t height, HDC src, int32_t srcX,
                   int32_t srcY, int32_t srcWidth, int32_t srcHeight, int32_t rop) override;
 
@@ -110,8 +110,8 @@ class DesktopGdi : public GdiApi {
   bool PathCompactPathA(HDC hdc, std::string& path, int32_t width) override;
 
   // Images.
-  bool DrawStateA(HDC hdc, HBRUSH brush, int32_t reserved, int32_t image, int32_t wParam, int32_t x, int32_t y,
-                  int32_t width, int32_t height, int32_t flags) override;
+  bool DrawStateA(HDC hdc, HBRUSH brush, int32_t reserved, int32_t image, int32_t wParam, int32_t x,
+                  int32_t y, int32_t width, int32_t height, int32_t flags) override;
   bool DrawIconEx(HDC hdc, int32_t x, int32_t y, HICON icon, int32_t width, int32_t height) override;
   HGDIOBJ LoadImageFromMemory(std::span<const unsigned char> bytes, int32_t type) override;
   HGDIOBJ LoadImageFromFile(const std::string& path, int32_t type) override;
@@ -144,8 +144,8 @@ class DesktopGdi : public GdiApi {
   bool brushColour(const DcState& state, HBRUSH brush, COLORREF& colour);
   // Text at (x, y) in the context's font and colours, inside clip; marks are byte offsets of
   // letters to underline.
-  void paintText(DcState& state, Canvas& canvas, int32_t x, int32_t y, std::string_view text, const RECT& clip,
-                 const std::vector<size_t>* marks);
+  void paintText(DcState& state, Canvas& canvas, int32_t x, int32_t y, std::string_view text,
+                 const RECT& clip, const std::vector<size_t>* marks);
   HGDIOBJ addPicture(std::unique_ptr<Canvas> pixels, bool icon);
 
   template <class... Args>

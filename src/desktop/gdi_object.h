@@ -15,8 +15,8 @@ struct GdiObject {
   explicit GdiObject(Kind k) : kind(k) {}
 
   Kind kind;
-  bool stock = false;     // a context default: never deleted, not counted
-  bool dcOwned = false;   // the font a context keeps for SetDCFont: freed with the context
+  bool stock = false;    // a context default: never deleted, not counted
+  bool dcOwned = false;  // the font a context keeps for SetDCFont: freed with the context
 
   int32_t penStyle = 0, penWidth = 1;
   COLORREF colour = 0;  // pen or brush

@@ -99,7 +99,9 @@ void GdiRaster::paintShape(Canvas& canvas, int32_t top, const std::vector<RowSpa
                            COLORREF outlineColour, int32_t outlineWidth, bool fill, COLORREF fillColour) {
   const int32_t n = static_cast<int32_t>(rows.size());
   const int32_t pen = std::max(outlineWidth, 1);
-  auto inside = [&](int32_t j, int32_t x) { return j >= 0 && j < n && x >= rows[j].left && x < rows[j].right; };
+  auto inside = [&](int32_t j, int32_t x) {
+    return j >= 0 && j < n && x >= rows[j].left && x < rows[j].right;
+  };
   const uint32_t outlineArgb = Canvas::toArgb(outlineColour), fillArgb = Canvas::toArgb(fillColour);
   for (int32_t j = 0; j < n; ++j) {
     int32_t y = top + j;

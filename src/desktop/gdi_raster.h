@@ -16,7 +16,8 @@ class GdiRaster {
                    int32_t width);
 
   // One-pixel frame on the inside edge of [left, right) x [top, bottom).
-  static void frame(Canvas& canvas, int32_t left, int32_t top, int32_t right, int32_t bottom, COLORREF colour);
+  static void frame(Canvas& canvas, int32_t left, int32_t top, int32_t right, int32_t bottom,
+                    COLORREF colour);
 
   // The row spans of a rectangle with quarter-ellipse corners of the given ellipse size: for
   // each row from top, the first and one past the last pixel inside.

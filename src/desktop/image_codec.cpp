@@ -9,7 +9,7 @@ namespace corvane {
 
 namespace {
 
-constexpr int32_t kMaxSide = 32767;            // what a Cairo image surface accepts
+constexpr int32_t kMaxSide = 32767;               // what a Cairo image surface accepts
 constexpr int64_t kMaxPixels = int64_t{1} << 26;  // 256 MB of pixels: refuse anything larger
 
 constexpr std::array<unsigned char, 8> kPngSignature = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
@@ -18,16 +18,22 @@ bool isPng(std::span<const unsigned char> b) {
   return b.size() >= 8 && std::equal(kPngSignature.begin(), kPngSignature.end(), b.begin());
 }
 
-uint16_t u16(std::span<const unsigned char> b, size_t at) { return static_cast<uint16_t>(b[at] | (b[at + 1] << 8)); }
+uint16_t u16(std::span<const unsigned char> b, size_t at) {
+  return static_cast<uint16_t>(b[at] | (b[at + 1] << 8));
+}
 uint32_t u32(std::span<const unsigned char> b, size_t at) {
-  return uint32_t{b[at]} | (uint32_t{b[at + 1]} << 8) | (uint32_t{b[at + 2]} << 16) | (uint32_t{b[at + 3]} << 24);
+  return uint32_t{b[at]} | (uint32_t{b[at + 1]} << 8) | (uint32_t{b[at + 2]} << 16) |
+         (uint32_t{b[at + 3]} << 24);
 }
 int32_t i32(std::span<const unsigned char> b, size_t at) { return static_cast<int32_t>(u32(b, at)); }
 uint32_t u32be(std::span<const unsigned char> b, size_t at) {
-  return (uint32_t{b[at]} << 24) | (uint32_t{b[at + 1]} << 16) | (uint32_t{b[at + 2]} << 8) | uint32_t{b[at + 3]};
+  return (uint32_t{b[at]} << 24) | (uint32_t{b[at + 1]} << 16) | (uint32_t{b[at + 2]} << 8) |
+         uint32_t{b[at + 3]};
 }
 
-bool sizeOk(int64_t w, int64_t h) { return w > 0 && h > 0 && w <= kMaxSide && h <= kMaxSide && w * h <= kMaxPixels; }
+bool sizeOk(int64_t w, int64_t h) {
+  return w > 0 && h > 0 && w <= kMaxSide && h <= kMaxSide && w * h <= kMaxPixels;
+}
 
 uint32_t premultiply(uint32_t a, uint32_t r, uint32_t g, uint32_t b) {
   if (a == 255) return 0xFF000000u | (r << 16) | (g << 8) | b;
@@ -68,7 +74,8 @@ std::unique_ptr<Canvas> ImageCodec::decode(std::span<const unsigned char> bytes,
     out = decodePng(bytes);
   else if (bytes.size() >= 2 && bytes[0] == 'B' && bytes[1] == 'M')
     return decodeBmp(bytes, keepAlpha);
-  else if (bytes.size() >= 4 && bytes[0] == 0 && bytes[1] == 0 && (bytes[2] == 1 || bytes[2] == 2) && bytes[3] == 0)
+  else if (bytes.size() >= 4 && bytes[0] == 0 && bytes[1] == 0 && (bytes[2] == 1 || bytes[2] == 2) &&
+           bytes[3] == 0)
     out = decodeIcon(bytes);
   if (out && !keepAlpha) flatten(*out);
   if (out) out->markDirty();
@@ -156,8 +163,8 @@ std::unique_ptr<Canvas> ImageCodec::decodeIcon(std::span<const unsigned char> by
   return isPng(best) ? decodePng(best) : decodeDib(best, 0, true, true);
 }
 
-std::unique_ptr<Canvas> ImageCodec::decodeDib(std::span<const unsigned char> dib, size_t pixelOffset, bool iconMask,
-                                              bool keepAlpha) {
+std::unique_ptr<Canvas> ImageCodec::decodeDib(std::span<const unsigned char> dib, size_t pixelOffset,
+                                              bool iconMask, bool keepAlpha) {
   if (dib.size() < 40) return nullptr;
   const uint32_t headerSize = u32(dib, 0);
   if (headerSize < 40 || headerSize > dib.size()) return nullptr;
@@ -193,7 +200,8 @@ std::unique_ptr<Canvas> ImageCodec::decodeDib(std::span<const unsigned char> dib
     }
     palette.resize(256, 0);  // indexes beyond the table read black
   }
-  if (pixelOffset == 0) pixelOffset = paletteStart + 4 * (bits <= 8 ? (coloursUsed ? coloursUsed : (1u << bits)) : 0);
+  if (pixelOffset == 0)
+    pixelOffset = paletteStart + 4 * (bits <= 8 ? (coloursUsed ? coloursUsed : (1u << bits)) : 0);
 
   const size_t rowBytes = ((static_cast<size_t>(width) * bits + 31) / 32) * 4;
   const size_t h = static_cast<size_t>(height), w = static_cast<size_t>(width);
@@ -209,9 +217,15 @@ std::unique_ptr<Canvas> ImageCodec::decodeDib(std::span<const unsigned char> dib
     for (size_t x = 0; x < w; ++x) {
       uint32_t p = 0;
       switch (bits) {
-        case 1: p = 0xFF000000u | palette[(src[x / 8] >> (7 - x % 8)) & 1]; break;
-        case 4: p = 0xFF000000u | palette[(src[x / 2] >> (x % 2 ? 0 : 4)) & 15]; break;
-        case 8: p = 0xFF000000u | palette[src[x]]; break;
+        case 1:
+          p = 0xFF000000u | palette[(src[x / 8] >> (7 - x % 8)) & 1];
+          break;
+        case 4:
+          p = 0xFF000000u | palette[(src[x / 2] >> (x % 2 ? 0 : 4)) & 15];
+          break;
+        case 8:
+          p = 0xFF000000u | palette[src[x]];
+          break;
         case 24:
           p = 0xFF000000u | (uint32_t{src[3 * x + 2]} << 16) | (uint32_t{src[3 * x + 1]} << 8) | src[3 * x];
           break;

@@ -22,8 +22,8 @@ class ImageCodec {
   static std::unique_ptr<Canvas> decodeIcon(std::span<const unsigned char> bytes);
   // A device-independent bitmap starting at its info header. pixelOffset 0 means "right after the
   // colour table". With iconMask the height counts the colour rows and the AND mask rows together.
-  static std::unique_ptr<Canvas> decodeDib(std::span<const unsigned char> dib, size_t pixelOffset, bool iconMask,
-                                           bool keepAlpha);
+  static std::unique_ptr<Canvas> decodeDib(std::span<const unsigned char> dib, size_t pixelOffset,
+                                           bool iconMask, bool keepAlpha);
 };
 
 }  // namespace corvane

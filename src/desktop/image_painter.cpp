@@ -18,8 +18,8 @@ bool isWhole(int32_t to, int32_t from) { return from > 0 && to % from == 0; }
 
 std::unique_ptr<Canvas> ImagePainter::transparent(int32_t width, int32_t height) {
   // Cairo clears a new image surface to transparent black.
-  return std::make_unique<Canvas>(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, std::max(width, 0),
-                                                             std::max(height, 0)));
+  return std::make_unique<Canvas>(
+      cairo_image_surface_create(CAIRO_FORMAT_ARGB32, std::max(width, 0), std::max(height, 0)));
 }
 
 uint32_t ImagePainter::brightness(uint32_t argb) {
@@ -64,7 +64,8 @@ void ImagePainter::paintShape(Canvas& dst, const Canvas& src, int32_t x, int32_t
 }
 
 void ImagePainter::draw(Canvas& dst, const Canvas& src, int32_t x, int32_t y, int32_t width, int32_t height,
-                        int32_t srcX, int32_t srcY, int32_t srcWidth, int32_t srcHeight, COLORREF maskColour) {
+                        int32_t srcX, int32_t srcY, int32_t srcWidth, int32_t srcHeight,
+                        COLORREF maskColour) {
   if (width <= 0 || height <= 0 || srcWidth <= 0 || srcHeight <= 0) return;
   const bool whole = srcX == 0 && srcY == 0 && srcWidth == src.width() && srcHeight == src.height();
   const Canvas* source = &src;

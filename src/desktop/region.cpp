@@ -35,11 +35,16 @@ bool inSpans(const std::vector<Span>& spans, int32_t x) {
 
 bool apply(int32_t mode, bool a, bool b) {
   switch (mode) {
-    case RGN_AND: return a && b;
-    case RGN_OR: return a || b;
-    case RGN_XOR: return a != b;
-    case RGN_DIFF: return a && !b;
-    default: return a;
+    case RGN_AND:
+      return a && b;
+    case RGN_OR:
+      return a || b;
+    case RGN_XOR:
+      return a != b;
+    case RGN_DIFF:
+      return a && !b;
+    default:
+      return a;
   }
 }
 

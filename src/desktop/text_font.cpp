@@ -16,10 +16,21 @@ inline uint32_t div255(uint32_t v) {
   return (v + (v >> 8)) >> 8;
 }
 
+// The text colour over an opaque pixel at coverage a (1 to 254): red and blue share one 32-bit
+// multiply, each in its own 16-bit lane, and each lane is divided by 255 with rounding.
+inline uint32_t blendOverOpaque(uint32_t d, uint32_t srcRedBlue, uint32_t srcGreen, uint32_t a) {
+  const uint32_t na = 255 - a;
+  uint32_t rb = srcRedBlue * a + (d & 0xFF00FF) * na + 0x800080;
+  uint32_t g = srcGreen * a + (d & 0xFF00) * na + 0x8000;
+  rb = ((rb + ((rb >> 8) & 0xFF00FF)) >> 8) & 0xFF00FF;
+  g = ((g + ((g >> 8) & 0xFF00)) >> 8) & 0xFF00;
+  return 0xFF000000u | rb | g;
+}
+
 }  // namespace
 
-TextFont::TextFont(PangoContext* context, const std::string& family, int32_t pixelSize, bool bold, bool italic,
-                   FontSubstitution::Symbols symbols)
+TextFont::TextFont(PangoContext* context, const std::string& family, int32_t pixelSize, bool bold,
+                   bool italic, FontSubstitution::Symbols symbols)
     : m_context(static_cast<PangoContext*>(g_object_ref(context))),
       m_description(pango_font_description_new()),
       m_layout(pango_layout_new(context)),
@@ -62,7 +73,9 @@ TextFont::~TextFont() {
   g_object_unref(m_context);
 }
 
-int32_t TextFont::advanceOf(std::string_view text, size_t& i) { return glyph(nextCodePoint(text, i)).advance; }
+int32_t TextFont::advanceOf(std::string_view text, size_t& i) {
+  return glyph(nextCodePoint(text, i)).advance;
+}
 
 TextFont::Glyph& TextFont::glyph(char32_t c) {
   if (c < 128) return m_ascii[c];
@@ -87,7 +100,8 @@ TextFont::Glyph TextFont::shape(char32_t c) {
       if (g.slot >= 0 || (info.glyph & PANGO_GLYPH_UNKNOWN_FLAG) || info.glyph == PANGO_GLYPH_EMPTY) continue;
       // The glyph may come from a fallback face; each face keeps its own Cairo font.
       PangoFont* font = run->item->analysis.font;
-      auto found = std::find_if(m_slots.begin(), m_slots.end(), [font](const Slot& s) { return s.font == font; });
+      auto found =
+          std::find_if(m_slots.begin(), m_slots.end(), [font](const Slot& s) { return s.font == font; });
       if (found == m_slots.end()) {
         cairo_scaled_font_t* scaled = pango_cairo_font_get_scaled_font(PANGO_CAIRO_FONT(font));
         if (!scaled) continue;
@@ -140,8 +154,15 @@ const TextFont::GlyphImage& TextFont::image(Glyph& g) {
       im.width = x1 - x0 + 1;
       im.height = y1 - y0 + 1;
       im.coverage.resize(static_cast<size_t>(im.width) * static_cast<size_t>(im.height));
-      for (int32_t y = 0; y < im.height; ++y)
-        std::copy_n(data + (y0 + y) * stride + x0, im.width, im.coverage.begin() + y * im.width);
+      for (int32_t y = 0; y < im.height; ++y) {
+        const uint8_t* row = data + (y0 + y) * stride + x0;
+        std::copy_n(row, im.width, im.coverage.begin() + y * im.width);
+        int16_t first = 0, last = static_cast<int16_t>(im.width);
+        while (first < last && !row[first]) ++first;
+        while (last > first && !row[last - 1]) --last;
+        im.rowStart.push_back(first);
+        im.rowEnd.push_back(last);
+      }
     }
     cairo_surface_destroy(surface);
   }
@@ -153,6 +174,8 @@ const TextFont::GlyphImage& TextFont::image(Glyph& g) {
 int32_t TextFont::draw(Canvas& canvas, int32_t x, int32_t y, std::string_view text, COLORREF colour,
                        const RECT& clip) {
   const uint32_t sr = colour & 255, sg = (colour >> 8) & 255, sb = (colour >> 16) & 255;
+  const uint32_t solid = 0xFF000000u | (sr << 16) | (sg << 8) | sb;
+  const uint32_t srcRedBlue = solid & 0xFF00FF, srcGreen = solid & 0xFF00;
   const int32_t baseline = y + m_ascent;
   int32_t pen = x;
   for (size_t i = 0; i < text.size();) {
@@ -167,16 +190,22 @@ int32_t TextFont::draw(Canvas& canvas, int32_t x, int32_t y, std::string_view te
       for (int32_t r = r0; r < r1; ++r) {
         uint32_t* row = canvas.row(gy + r);
         const uint8_t* cov = im.coverage.data() + r * im.width;
-        for (int32_t c = c0; c < c1; ++c) {
+        const int32_t from = std::max<int32_t>(c0, im.rowStart[r]), to = std::min<int32_t>(c1, im.rowEnd[r]);
+        for (int32_t c = from; c < to; ++c) {
           const uint32_t a = cov[c];
           if (a == 0) continue;
           uint32_t& p = row[gx + c];
+          const uint32_t d = p;
           if (a == 255) {
-            p = 0xFF000000u | (sr << 16) | (sg << 8) | sb;
+            p = solid;
+            continue;
+          }
+          if ((d >> 24) == 255) {  // windows and bitmaps are opaque
+            p = blendOverOpaque(d, srcRedBlue, srcGreen, a);
             continue;
           }
           // The text colour, as far as the glyph covers the pixel, over what is there.
-          const uint32_t d = p, na = 255 - a;
+          const uint32_t na = 255 - a;
           const uint32_t oa = a + div255(((d >> 24) & 255) * na);
           const uint32_t orr = div255(sr * a + ((d >> 16) & 255) * na);
           const uint32_t og = div255(sg * a + ((d >> 8) & 255) * na);
@@ -196,7 +225,8 @@ void TextFont::drawWithCairo(Canvas& canvas, int32_t x, int32_t y, std::string_v
   cairo_t* cr = cairo_create(canvas.surface());
   cairo_rectangle(cr, clip.Left, clip.Top, clip.Right - clip.Left, clip.Bottom - clip.Top);
   cairo_clip(cr);
-  cairo_set_source_rgb(cr, (colour & 255) / 255.0, ((colour >> 8) & 255) / 255.0, ((colour >> 16) & 255) / 255.0);
+  cairo_set_source_rgb(cr, (colour & 255) / 255.0, ((colour >> 8) & 255) / 255.0,
+                       ((colour >> 16) & 255) / 255.0);
   const double baseline = y + m_ascent;
   int32_t pen = x, slot = -1;
   auto flushRun = [&] {
@@ -224,7 +254,8 @@ void TextFont::drawWithCairo(Canvas& canvas, int32_t x, int32_t y, std::string_v
 std::string TextFont::mapped(std::string_view text) const {
   if (m_symbols == FontSubstitution::Symbols::None) return std::string(text);
   std::string out;
-  for (size_t i = 0; i < text.size();) appendUtf8(out, FontSubstitution::mapSymbol(m_symbols, nextCodePoint(text, i)));
+  for (size_t i = 0; i < text.size();)
+    appendUtf8(out, FontSubstitution::mapSymbol(m_symbols, nextCodePoint(text, i)));
   return out;
 }
 

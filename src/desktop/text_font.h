@@ -65,7 +65,8 @@ class TextFont {
 
   // Draws a line of text with its box's top left at (x, y), the baseline at y + ascent, in one
   // colour, inside clip (already within the canvas). Returns the width drawn.
-  int32_t draw(Canvas& canvas, int32_t x, int32_t y, std::string_view text, COLORREF colour, const RECT& clip);
+  int32_t draw(Canvas& canvas, int32_t x, int32_t y, std::string_view text, COLORREF colour,
+               const RECT& clip);
 
   // The same glyphs at the same places, drawn by cairo_show_glyphs in one call; slower, kept to
   // check the glyph image cache against.
@@ -79,12 +80,13 @@ class TextFont {
   struct Glyph {
     uint32_t index = 0;
     int32_t advance = 0;
-    int32_t slot = -1;  // which of m_slots draws it; -1: nothing to draw
+    int32_t slot = -1;   // which of m_slots draws it; -1: nothing to draw
     int32_t image = -1;  // index in m_images once rendered
   };
   struct GlyphImage {
     int32_t left = 0, top = 0, width = 0, height = 0;  // relative to the origin on the baseline
     std::vector<uint8_t> coverage;
+    std::vector<int16_t> rowStart, rowEnd;  // the inked columns of each row, to skip blank ends
   };
   struct Slot {
     PangoFont* font;

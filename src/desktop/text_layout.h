@@ -12,9 +12,9 @@ namespace corvane {
 class TextLayout {
  public:
   struct Line {
-    std::string text;                 // what is shown, prefix marks taken out
-    int32_t width = 0;                // pixels
-    std::vector<size_t> underlined;   // byte offsets in text of the letters marked by "&"
+    std::string text;                // what is shown, prefix marks taken out
+    int32_t width = 0;               // pixels
+    std::vector<size_t> underlined;  // byte offsets in text of the letters marked by "&"
   };
 
   // The lines of a text under DrawTextA flags: CR, LF or CR LF end a line unless DT_SINGLELINE;
@@ -29,7 +29,8 @@ class TextLayout {
  private:
   static Line stripPrefixes(std::string_view paragraph, bool noPrefix);
   static void wrap(TextFont& font, const Line& paragraph, int32_t maxWidth, std::vector<Line>& out);
-  static std::string fitWithEllipsis(TextFont& font, std::string_view text, std::string_view tail, int32_t maxWidth);
+  static std::string fitWithEllipsis(TextFont& font, std::string_view text, std::string_view tail,
+                                     int32_t maxWidth);
 };
 
 }  // namespace corvane

@@ -28,7 +28,8 @@ inline char32_t nextCodePoint(std::string_view s, size_t& i) {
     c = (c << 6) | (b & 0x3F);
   }
   // Overlong forms and surrogates are malformed too.
-  if ((extra == 2 && c < 0x800) || (extra == 3 && (c < 0x10000 || c > 0x10FFFF)) || (c >= 0xD800 && c < 0xE000)) {
+  if ((extra == 2 && c < 0x800) || (extra == 3 && (c < 0x10000 || c > 0x10FFFF)) ||
+      (c >= 0xD800 && c < 0xE000)) {
     ++i;
     return 0xFFFD;
   }

@@ -56,7 +56,8 @@ const json& member(const json& obj, const char* key, json::value_t type, const s
 
 Variant decodeValue(const json& j, const std::string& where) {
   if (!j.is_object() || j.size() != 1) fail(where, "a value is an object with one typed entry");
-  const auto& [type, v] = *j.items().begin();
+  const std::string type = j.begin().key();
+  const json& v = j.begin().value();
   auto need = [&](bool ok) {
     if (!ok) fail(where, "the value does not fit its type " + type);
   };
@@ -132,7 +133,8 @@ std::string FormFile::save(const Form& form) {
                 {"caption", form.Caption()},
                 {"width", form.surface().Width()},
                 {"height", form.surface().Height()},
-                {"backColor", form.surface().BackColor()}}},
+                {"backColor", form.surface().BackColor()},
+                {"font", encodeValue(Variant(form.Font()))}}},
               {"controls", controls}};
   return doc.dump(2);
 }
@@ -144,6 +146,17 @@ void FormFile::saveToFile(const Form& form, const std::string& path) {
 }
 
 FormRef FormFile::load(const std::string& text) {
+  // Wrong values inside a well-formed document surface as form file errors too.
+  try {
+    return loadChecked(text);
+  } catch (const RuntimeError& e) {
+    throw FormFileError(std::string("form file: ") + e.what());
+  } catch (const json::exception& e) {
+    throw FormFileError(std::string("form file: ") + e.what());
+  }
+}
+
+FormRef FormFile::loadChecked(const std::string& text) {
   json doc = json::parse(text, nullptr, false);
   if (doc.is_discarded()) throw FormFileError("form file: the text is no valid JSON");
   if (!doc.is_object()) fail("document", "expected an object");
@@ -159,6 +172,8 @@ FormRef FormFile::load(const std::string& text) {
   float width = member(f, "width", json::value_t::number_float, "form").get<float>();
   float height = member(f, "height", json::value_t::number_float, "form").get<float>();
   Variant back = decodeValue(json{{"Long", member(f, "backColor", json::value_t::number_integer, "form")}}, "form.backColor");
+  FontRef font = decodeValue(member(f, "font", json::value_t::object, "form"), "form.font").as<FontRef>();
+  if (!font) fail("form.font", "expected a font");
   if (name.empty()) fail("form.name", "empty");
   if (!(width >= 0 && height >= 0 && width < 1e7 && height < 1e7)) fail("form", "size out of range");
   if (Forms::find(name)) fail("form.name", "a form named '" + name + "' is loaded already");
@@ -201,6 +216,7 @@ FormRef FormFile::load(const std::string& text) {
   try {
     form->setCaption(caption);
     form->surface().setBackColor(back.toLong());
+    form->surface().setFont(font);
     for (ControlEntry& e : entries) {
       HostedControl* container = e.container.empty() ? nullptr : form->control(e.container).get();
       HostedControlRef c = form->add(e.className, e.name, container, e.left, e.top, e.width, e.height, e.bag.get());

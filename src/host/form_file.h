@@ -25,6 +25,9 @@ class FormFile {
   // form with its controls through ReadProperties.
   static FormRef load(const std::string& json);
   static FormRef loadFromFile(const std::string& path);
+
+ private:
+  static FormRef loadChecked(const std::string& json);
 };
 
 }  // namespace corvane

@@ -14,6 +14,9 @@ class Screen : public Object {
   float TwipsPerPixelX() const;
   float TwipsPerPixelY() const;
   float Width() const;   // twips
+  // The screen's resolution, asked of the platform at each call.
+  static int32_t pixelsPerInchX();
+  static int32_t pixelsPerInchY();
   float Height() const;  // twips
 
  protected:

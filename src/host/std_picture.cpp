@@ -3,6 +3,7 @@
 #include <fstream>
 #include <iterator>
 
+#include "host/screen.h"
 #include "platform/api.h"
 #include "resources/embedded.h"
 #include "runtime/checked.h"
@@ -36,12 +37,12 @@ SIZE StdPicture::pixelSize() const { return m_handle ? gdi().GetImageSize(m_hand
 
 // Pictures are measured at the screen's resolution: HiMetric = pixels * 2540 / pixels per inch.
 int32_t StdPicture::Width() const {
-  int32_t dpi = gdi().GetDeviceCaps(0, LOGPIXELSX);
+  int32_t dpi = Screen::pixelsPerInchX();
   return CLng(pixelSize().cx * 2540.0 / dpi);
 }
 
 int32_t StdPicture::Height() const {
-  int32_t dpi = gdi().GetDeviceCaps(0, LOGPIXELSY);
+  int32_t dpi = Screen::pixelsPerInchY();
   return CLng(pixelSize().cy * 2540.0 / dpi);
 }
 

@@ -45,6 +45,11 @@ void Surface::setBackColor(OLE_COLOR c) {
   Cls();
 }
 
+void Surface::setForeColor(OLE_COLOR c) {
+  translateColor(c);
+  m_foreColor = c;
+}
+
 void Surface::setFont(FontRef f) {
   if (!f) throw RuntimeError(err::InvalidPropertyValue, "Cannot set Font to Nothing");
   m_font = std::move(f);
@@ -148,7 +153,7 @@ void Surface::Scale(float x1, float y1, float x2, float y2) {
 }
 
 void Surface::resetScale() {
-  int16_t mode = m_scaleMode == User ? Twips : m_scaleMode;
+  int16_t mode = m_scaleMode == User ? static_cast<int16_t>(Twips) : m_scaleMode;
   m_scaleMode = mode;
   m_scaleLeft = m_scaleTop = 0;
 }

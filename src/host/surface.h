@@ -26,7 +26,7 @@ class Surface {
   OLE_COLOR BackColor() const { return m_backColor; }
   void setBackColor(OLE_COLOR c);  // clears the surface to the new colour
   OLE_COLOR ForeColor() const { return m_foreColor; }
-  void setForeColor(OLE_COLOR c) { m_foreColor = c; }
+  void setForeColor(OLE_COLOR c);  // an invalid colour is error 380
 
   const FontRef& Font() const { return m_font; }
   void setFont(FontRef f);  // shares the reference; Nothing is error 380

@@ -5,6 +5,10 @@
 #include "containers/vex_l_frame.h"
 #include "containers/vex_l_pane.h"
 #include "containers/vex_pane.h"
+#include "frame/gradient.h"
+#include "frame/isubclass.h"
+#include "frame/subclass.h"
+#include "frame/tile_picture.h"
 #include "runtime/class_registry.h"
 #include "widgets/vex_color_label.h"
 
@@ -12,6 +16,12 @@ namespace corvane {
 
 void registerLibraryClasses(ClassRegistry& registry) {
   registry.registerFactory("VexColorLabel", [] { return std::make_shared<VexColorLabel>(); });
+  registry.registerFactory("CGradient", [] { return std::make_shared<CGradient>(); });
+  registry.registerFactory("clsTilePicture", [] { return std::make_shared<clsTilePicture>(); });
+  // Window subclassing.
+  registry.registerFactory("clsSubClass", [] { return std::make_shared<clsSubClass>(); });
+  registry.registerFactory("ISubclass", [] { return std::make_shared<ISubclass>(); });
+  // Containers.
   registry.registerFactory("VexPane", [] { return std::make_shared<VexPane>(); });
   registry.registerFactory("VexLFrame", [] { return std::make_shared<VexLFrame>(); });
   registry.registerFactory("VexLPane", [] { return std::make_shared<VexLPane>(); });

@@ -133,7 +133,11 @@ ClassRegistry::ClassRegistry() {
 }
 
 ClassRegistry& ClassRegistry::instance() {
-  static ClassRegistry registry;
+  static ClassRegistry& registry = [] () -> ClassRegistry& {
+    static ClassRegistry r;
+    registerLibraryClasses(r);
+    return r;
+  }();
   return registry;
 }
 

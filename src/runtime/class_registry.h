@@ -59,4 +59,8 @@ class ClassRegistry {
   std::vector<ClassInfo> m_classes;
 };
 
+// Enters the factories of the classes the library has built; defined by the library's top layer
+// and called once, at the registry's first use.
+void registerLibraryClasses(ClassRegistry& registry);
+
 }  // namespace corvane

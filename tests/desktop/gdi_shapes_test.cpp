@@ -156,7 +156,7 @@ TEST_F(GdiShapes, RoundRectCutsItsCornersAndKeepsItsEdges) {
   gdi.RoundRect(hdc, 0, 0, 30, 20, 10, 10);
   EXPECT_EQ(canvas.pixel(0, 0), kWhite);  // corner cut off
   EXPECT_EQ(canvas.pixel(29, 19), kWhite);
-  EXPECT_EQ(canvas.pixel(15, 0), kRed);   // straight edges on the rectangle
+  EXPECT_EQ(canvas.pixel(15, 0), kRed);  // straight edges on the rectangle
   EXPECT_EQ(canvas.pixel(15, 19), kRed);
   EXPECT_EQ(canvas.pixel(0, 10), kRed);
   EXPECT_EQ(canvas.pixel(29, 10), kRed);
@@ -196,6 +196,7 @@ TEST_F(GdiShapes, TheCanvasIsLookedUpAtEachCall) {
 }
 
 struct EdgeCase {
+  const char* name;
   int32_t edge;
   COLORREF outerTopLeft, outerBottomRight, innerTopLeft, innerBottomRight;
 };
@@ -210,9 +211,9 @@ TEST_P(GdiEdges, DrawEdgeUsesTheSystemColoursOfEachRing) {
   canvas.fill(RGB(1, 2, 3));
   RECT r{2, 2, 12, 10};
   ASSERT_TRUE(gdi.DrawEdge(hdc, r, e.edge, BF_RECT));
-  EXPECT_EQ(canvas.pixel(5, 2), e.outerTopLeft);   // top
-  EXPECT_EQ(canvas.pixel(2, 5), e.outerTopLeft);   // left
-  EXPECT_EQ(canvas.pixel(5, 9), e.outerBottomRight);  // bottom
+  EXPECT_EQ(canvas.pixel(5, 2), e.outerTopLeft);       // top
+  EXPECT_EQ(canvas.pixel(2, 5), e.outerTopLeft);       // left
+  EXPECT_EQ(canvas.pixel(5, 9), e.outerBottomRight);   // bottom
   EXPECT_EQ(canvas.pixel(11, 5), e.outerBottomRight);  // right
   EXPECT_EQ(canvas.pixel(11, 2), e.outerBottomRight);  // the top-right corner belongs to the right side
   EXPECT_EQ(canvas.pixel(2, 9), e.outerBottomRight);   // and the bottom-left one to the bottom
@@ -227,10 +228,11 @@ TEST_P(GdiEdges, DrawEdgeUsesTheSystemColoursOfEachRing) {
 constexpr COLORREF kUntouched = RGB(1, 2, 3);
 INSTANTIATE_TEST_SUITE_P(
     EdgeKinds, GdiEdges,
-    ::testing::Values(EdgeCase{BDR_RAISEDOUTER, kLight, kDark, kUntouched, kUntouched},
-                      EdgeCase{BDR_SUNKENOUTER, kShadow, kHighlight, kUntouched, kUntouched},
-                      EdgeCase{EDGE_RAISED, kLight, kDark, kHighlight, kShadow},
-                      EdgeCase{EDGE_SUNKEN, kShadow, kHighlight, kDark, kLight}));
+    ::testing::Values(EdgeCase{"RaisedOuter", BDR_RAISEDOUTER, kLight, kDark, kUntouched, kUntouched},
+                      EdgeCase{"SunkenOuter", BDR_SUNKENOUTER, kShadow, kHighlight, kUntouched, kUntouched},
+                      EdgeCase{"Raised", EDGE_RAISED, kLight, kDark, kHighlight, kShadow},
+                      EdgeCase{"Sunken", EDGE_SUNKEN, kShadow, kHighlight, kDark, kLight}),
+    [](const ::testing::TestParamInfo<EdgeCase>& info) { return std::string(info.param.name); });
 
 TEST_F(GdiShapes, DrawEdgeWithOnlyAnInnerRingDrawsItOnTheEdge) {
   canvas.fill(kUntouched);

@@ -161,7 +161,9 @@ TEST_F(WindowManagerTest, CaptureRoutesTheMouseToTheCapturingWindow) {
   EXPECT_EQ(count(a, wm::MOUSEMOVE), 1);
   EXPECT_EQ(count(b, wm::MOUSEMOVE), 0);
   for (auto& m : log)
-    if (m.msg == wm::MOUSEMOVE) EXPECT_EQ(pointParamX(m.l), 120);
+    if (m.msg == wm::MOUSEMOVE) {
+      EXPECT_EQ(pointParamX(m.l), 120);
+    }
   wm().ReleaseCapture();
   EXPECT_EQ(wm().GetCapture(), 0);
 }

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "desktop/desktop.h"
+#include "desktop/gdi.h"
 #include "host/form.h"
 #include "platform/platform.h"
 

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "host/screen.h"
+#include "runtime/checked.h"
 #include "support/desktop_fixture.h"
 #include "widgets/vex_color_label.h"
 

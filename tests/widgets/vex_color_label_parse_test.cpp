@@ -102,9 +102,12 @@ TEST_F(LabelTest, CenterTagIsReadAsTheColourBlack) {
 }
 
 TEST_F(LabelTest, ColourTagOfTwentyCharactersIsText) {
-  label->setCaption("<c0000000000000000>x");  // 20 characters
-  EXPECT_EQ(partsText(), "<c0000000000000000>x");
-  label->setCaption("<c000000000000000>x");  // 19 characters
+  const std::string twenty = "<c" + std::string(17, '0') + ">";
+  ASSERT_EQ(twenty.size(), 20u);
+  label->setCaption(twenty + "x");
+  EXPECT_EQ(partsText(), twenty + "x");
+  const std::string nineteen = "<c" + std::string(16, '0') + ">";
+  label->setCaption(nineteen + "x");
   EXPECT_EQ(partsText(), "x");
 }
 

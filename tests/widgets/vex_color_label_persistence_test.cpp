@@ -187,6 +187,11 @@ TEST_F(LabelTest, MalformedFormFileChangesNothing) {
   std::string unknownClass = good;
   unknownClass.replace(unknownClass.find("VexColorLabel"), 13, "VexNoSuchThing");
   EXPECT_THROW(FormFile::load(unknownClass), FormFileError);
+  std::string fontAsNumber = good;
+  auto fontAt = fontAsNumber.find("\"Font\": {");
+  ASSERT_NE(fontAt, std::string::npos);
+  fontAsNumber.replace(fontAt, 9, "\"Long\": 5, \"x\": {");
+  EXPECT_THROW(FormFile::load(fontAsNumber), FormFileError);
   EXPECT_EQ(Forms::all().size(), formsBefore);
   EXPECT_EQ(Object::liveCount(), objectsBefore);
   EXPECT_TRUE(FormFile::load(good));

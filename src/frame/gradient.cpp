@@ -1,0 +1,196 @@
+#include "frame/gradient.h"
+
+#include <cmath>
+
+#include "platform/api.h"
+#include "runtime/checked.h"
+
+namespace corvane {
+
+namespace {
+
+// An angle brought into 0 up to 360 the way the painter has always done it, in double precision:
+// a - Int(Int(a / 360) * 360).
+double reduceAngle(double a) { return a - Int(Int(a / 360.0) * 360.0); }
+
+int32_t redOf(int32_t c) { return c & 0xFF; }
+int32_t greenOf(int32_t c) { return (c & 0xFF00) / 256; }
+int32_t blueOf(int32_t c) { return (c & 0xFF0000) / 65536; }
+
+}  // namespace
+
+int32_t CGradient::resolveColor(int32_t v) {
+  if (v < 0 && (v & 0x7FFFFFFF) < 25) return gdi().GetSysColor(v & 0x7FFFFFFF);
+  return v;
+}
+
+void CGradient::setColor1(int32_t v) { m_Color1 = resolveColor(v); }
+void CGradient::setColor2(int32_t v) { m_Color2 = resolveColor(v); }
+
+void CGradient::setAngle(float v) { m_Angle = static_cast<float>(reduceAngle(v)); }
+
+double CGradient::SafeDiv(double dividend, double divisor) { return divisor == 0 ? 0.0 : dividend / divisor; }
+
+void CGradient::RotatePoint(const PointSng& center, PointSng& point, float degrees) {
+  // The factor is the double the painter was written with, not the nearest value of pi / 180.
+  const float radians = static_cast<float>(static_cast<double>(degrees) * 0.017453292519943278);
+  const float dX = point.X - center.X;
+  const float dY = point.Y - center.Y;
+  const double s = std::sin(static_cast<double>(radians)), c = std::cos(static_cast<double>(radians));
+  point.X = static_cast<float>(dY * s + dX * c + center.X);
+  point.Y = static_cast<float>(-(dX * s - dY * c) + center.Y);
+}
+
+int32_t CGradient::BlendColors(int32_t lColor1, int32_t lColor2, int32_t lSteps,
+                               VbArray<int32_t>& laRetColors) {
+  const int32_t steps = lSteps < 2 ? 2 : lSteps;
+  const int32_t r1 = redOf(lColor1), g1 = greenOf(lColor1), b1 = blueOf(lColor1);
+  const double dR = SafeDiv(redOf(lColor2) - r1, steps);
+  const double dG = SafeDiv(greenOf(lColor2) - g1, steps);
+  const double dB = SafeDiv(blueOf(lColor2) - b1, steps);
+  laRetColors.redim(0, steps - 1);
+  laRetColors(0) = lColor1;
+  laRetColors(steps - 1) = lColor2;
+  for (int32_t i = 1; i <= steps - 2; ++i) {
+    const int32_t r = CLng(i * dR + r1), g = CLng(i * dG + g1), b = CLng(i * dB + b1);
+    laRetColors(i) = g * 256 + r + b * 65536;
+  }
+  return steps;
+}
+
+int32_t CGradient::DrawGradient(HDC hDC, int32_t width, int32_t height) {
+  try {
+    // A line through the centre, longer than any diagonal of the surface.
+    PointSng pt[3];
+    pt[2].X = static_cast<float>(Int(width / 2.0));
+    pt[2].Y = static_cast<float>(Int(height / 2.0));
+    const double L = width > height ? width : height;
+    const double r = (std::sqrt(L * L + L * L) + 2) / 2;
+    pt[0] = {static_cast<float>(pt[2].X - r), pt[2].Y};
+    pt[1] = {static_cast<float>(pt[2].X + r), pt[2].Y};
+
+    const float sweepAngle = static_cast<float>(reduceAngle(static_cast<double>(m_Angle) + 90.0));
+    RotatePoint(pt[2], pt[0], sweepAngle);
+    RotatePoint(pt[2], pt[1], sweepAngle);
+
+    // Move the line off the surface; the step brings it back across in whole pixels, along the
+    // axis on which the line's extent is the smaller one.
+    const float dX = std::fabs(pt[0].X - pt[1].X);
+    const float dY = std::fabs(pt[0].Y - pt[1].Y);
+    const float largerX = pt[0].X > pt[1].X ? pt[0].X : pt[1].X;
+    const float smallerX = pt[0].X < pt[1].X ? pt[0].X : pt[1].X;
+    const float largerY = pt[0].Y > pt[1].Y ? pt[0].Y : pt[1].Y;
+    const float smallerY = pt[0].Y < pt[1].Y ? pt[0].Y : pt[1].Y;
+    const bool horizontal = dY >= dX;
+    float xOff = 0, yOff = 0;
+    int32_t stepX = 0, stepY = 0;
+    enum Side { Left, Right, Bottom, Top } side;
+    if (m_Angle >= 0 && m_Angle <= 90)
+      side = horizontal ? Left : Bottom;
+    else if (m_Angle > 90 && m_Angle <= 180)
+      side = horizontal ? Right : Bottom;
+    else if (m_Angle > 180 && m_Angle <= 270)
+      side = horizontal ? Right : Top;
+    else
+      side = horizontal ? Left : Top;
+    switch (side) {
+      case Left:
+        stepX = 1;
+        xOff = -largerX;
+        break;
+      case Right:
+        stepX = -1;
+        xOff = static_cast<float>(width) - smallerX;
+        break;
+      case Bottom:
+        stepY = -1;
+        yOff = static_cast<float>(height) - smallerY;
+        break;
+      case Top:
+        stepY = 1;
+        yOff = -largerY;
+        break;
+    }
+
+    // The list of line ends, built first so that the number of colours is known.
+    VbArray<PointLng> lines(0, 999);
+    lines(0) = {CLng(xOff + pt[0].X), CLng(yOff + pt[0].Y)};
+    lines(1) = {CLng(xOff + pt[1].X), CLng(yOff + pt[1].Y)};
+    int32_t i = 2;
+    // The sweep ends at the first entry after which the two latest entries lie past the far
+    // border; that can be the start or the end of a line.
+    for (;;) {
+      if (i % 1000 == 0) lines.redimPreserve(i + 999);
+      lines(i) = {add32(lines(i - 2).X, stepX), add32(lines(i - 2).Y, stepY)};
+      ++i;
+      const PointLng& a = lines(i - 1);
+      const PointLng& b = lines(i - 2);
+      bool past;
+      if (stepX >= 1)
+        past = a.X > width && b.X > width;
+      else if (stepX < 0)
+        past = a.X < 0 && b.X < 0;
+      else if (stepY >= 1)
+        past = a.Y > height && b.Y > height;
+      else
+        past = a.Y < 0 && b.Y < 0;
+      if (past) break;
+    }
+    lines.redimPreserve(i - 1);
+    const int32_t lineCount = CLng(i / 2.0);  // an odd count rounds to even
+
+    VbArray<int32_t> colours;
+    BlendColors(m_Color1, m_Color2, lineCount, colours);
+
+    // One pen per line. The count returned is the last j plus 2.
+    GdiApi& g = gdi();
+    int32_t lastJ = 0;
+    for (int32_t j = 0; j <= lines.ubound() - 1; j += 2) {
+      g.MoveToEx(hDC, lines(j).X, lines(j).Y, nullptr);
+      const HPEN pen = g.CreatePen(PS_SOLID, 1, colours(static_cast<int32_t>(Int(j / 2.0))));
+      const HGDIOBJ old = g.SelectObject(hDC, pen);
+      g.LineTo(hDC, lines(j + 1).X, lines(j + 1).Y);
+      g.SelectObject(hDC, old);
+      g.DeleteObject(pen);
+      lastJ = j;
+    }
+    return lastJ + 2;
+  } catch (const RuntimeError&) {
+    return 0;
+  }
+}
+
+bool CGradient::Draw(const ObjectRef& picObj) {
+  try {
+    if (!picObj) throw RuntimeError(err::ObjectNotSet);
+    RECT rc;
+    if (!user().GetClientRect(picObj->get("hWnd").toLong(), rc)) return false;
+    if (rc.Right <= 1 || rc.Bottom <= 1) return false;
+    const HDC hdc = picObj->get("hDC").toLong();
+    return DrawGradient(hdc, rc.Right - rc.Left, rc.Bottom - rc.Top) >= 1;
+  } catch (const RuntimeError&) {
+    return false;
+  }
+}
+
+const Dispatch* CGradient::dispatch() const {
+  static const Dispatch d = [] {
+    Dispatch t;
+    DispatchBuilder<CGradient>(t)
+        .method("Draw", [](CGradient& g, Dispatch::Args& a) { return g.Draw(a.at(0).toObject()); })
+        // A caller by name gets the number of colours; the colours themselves are an array,
+        // which a Variant does not carry.
+        .method("BlendColors",
+                [](CGradient& g, Dispatch::Args& a) {
+                  VbArray<int32_t> colours;
+                  return g.BlendColors(a.at(0).toLong(), a.at(1).toLong(), a.at(2).toLong(), colours);
+                })
+        .prop("Color1", &CGradient::Color1, &CGradient::setColor1)
+        .prop("Color2", &CGradient::Color2, &CGradient::setColor2)
+        .prop("Angle", &CGradient::Angle, &CGradient::setAngle);
+    return t;
+  }();
+  return &d;
+}
+
+}  // namespace corvane

@@ -1,0 +1,97 @@
+#include <gtest/gtest.h>
+
+#include <cairo.h>
+
+#include <vector>
+
+#include "host/std_picture.h"
+#include "resources/embedded.h"
+#include "support/desktop_fixture.h"
+
+namespace corvane {
+namespace {
+
+using PictureTest = test::DesktopTest;
+
+std::vector<unsigned char> pngBytes(int w, int h) {
+  cairo_surface_t* s = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, w, h);
+  cairo_t* cr = cairo_create(s);
+  cairo_set_source_rgb(cr, 1, 0, 0);
+  cairo_paint(cr);
+  cairo_destroy(cr);
+  std::vector<unsigned char> out;
+  cairo_surface_write_to_png_stream(
+      s,
+      [](void* closure, const unsigned char* data, unsigned int length) {
+        auto* v = static_cast<std::vector<unsigned char>*>(closure);
+        v->insert(v->end(), data, data + length);
+        return CAIRO_STATUS_SUCCESS;
+      },
+      &out);
+  cairo_surface_destroy(s);
+  return out;
+}
+
+TEST_F(PictureTest, SizeIsGivenInHiMetric) {
+  auto p = StdPicture::fromBytes(pngBytes(96, 48));
+  ASSERT_TRUE(p);
+  EXPECT_EQ(p->Type(), StdPicture::Bitmap);
+  EXPECT_EQ(p->Width(), 2540) << "96 pixels are one inch at 96 pixels per inch";
+  EXPECT_EQ(p->Height(), 1270);
+  EXPECT_NE(p->Handle(), 0);
+}
+
+TEST_F(PictureTest, AskedAsIconAPictureKeepsItsTransparency) {
+  auto p = StdPicture::fromBytes(pngBytes(16, 16), true);
+  ASSERT_TRUE(p);
+  EXPECT_EQ(p->Type(), StdPicture::Icon);
+}
+
+TEST_F(PictureTest, EmptyPictureHasNoHandleAndNoSize) {
+  auto p = LoadPicture();
+  EXPECT_EQ(p->Handle(), 0);
+  EXPECT_EQ(p->Type(), StdPicture::None);
+  EXPECT_EQ(p->Width(), 0);
+}
+
+TEST_F(PictureTest, BytesThatAreNoPictureGiveNothing) {
+  EXPECT_EQ(StdPicture::fromBytes({1, 2, 3, 4, 5}), nullptr);
+  auto png = pngBytes(8, 8);
+  png.resize(png.size() / 2);
+  EXPECT_EQ(StdPicture::fromBytes(png), nullptr);
+}
+
+TEST_F(PictureTest, MissingFileAndMissingResourceAreNumberedErrors) {
+  try {
+    LoadPicture("/no/such/picture.png");
+    FAIL();
+  } catch (const RuntimeError& e) {
+    EXPECT_EQ(e.number(), 53);
+  }
+  try {
+    LoadResPicture("NO_SUCH_RESOURCE");
+    FAIL();
+  } catch (const RuntimeError& e) {
+    EXPECT_EQ(e.number(), 326);
+  }
+}
+
+TEST_F(PictureTest, EveryEmbeddedResourceLoads) {
+  for (const EmbeddedResource& r : embeddedResources()) {
+    PictureRef p = LoadResPicture(r.name);
+    ASSERT_TRUE(p) << r.name;
+    EXPECT_NE(p->Handle(), 0) << r.name;
+  }
+}
+
+TEST_F(PictureTest, PicturesFreeTheirImageWhenReleased) {
+  int32_t before = desktop().drawing().liveImageCount();
+  {
+    auto p = StdPicture::fromBytes(pngBytes(4, 4));
+    EXPECT_EQ(desktop().drawing().liveImageCount(), before + 1);
+  }
+  EXPECT_EQ(desktop().drawing().liveImageCount(), before);
+}
+
+}  // namespace
+}  // namespace corvane
