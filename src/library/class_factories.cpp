@@ -2,6 +2,9 @@
 // a class of the table without a factory here is reported as not available in this build.
 #include <memory>
 
+#include "containers/vex_l_frame.h"
+#include "containers/vex_l_pane.h"
+#include "containers/vex_pane.h"
 #include "frame/gradient.h"
 #include "frame/isubclass.h"
 #include "frame/subclass.h"
@@ -14,13 +17,14 @@ namespace corvane {
 
 void registerLibraryClasses(ClassRegistry& registry) {
   registry.registerFactory("VexColorLabel", [] { return std::make_shared<VexColorLabel>(); });
+  registry.registerFactory("VexHoverPic", [] { return std::make_shared<VexHoverPic>(); });
   registry.registerFactory("CGradient", [] { return std::make_shared<CGradient>(); });
   registry.registerFactory("clsTilePicture", [] { return std::make_shared<clsTilePicture>(); });
-  // Window subclassing.
   registry.registerFactory("clsSubClass", [] { return std::make_shared<clsSubClass>(); });
   registry.registerFactory("ISubclass", [] { return std::make_shared<ISubclass>(); });
-  // Small widgets.
-  registry.registerFactory("VexHoverPic", [] { return std::make_shared<VexHoverPic>(); });
+  registry.registerFactory("VexPane", [] { return std::make_shared<VexPane>(); });
+  registry.registerFactory("VexLFrame", [] { return std::make_shared<VexLFrame>(); });
+  registry.registerFactory("VexLPane", [] { return std::make_shared<VexLPane>(); });
 }
 
 }  // namespace corvane
