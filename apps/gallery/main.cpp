@@ -31,7 +31,7 @@ int main(int argc, char** argv) {
       return 2;
     }
   }
-  Desktop desktop(Desktop::Options{.width = 1600, .height = 1200, .virtualClock = !live});
+  Desktop desktop(Desktop::Options{.width = 2400, .height = 1400, .virtualClock = !live});
   setPlatform(&desktop);
 
   auto sources = gallery::sceneSources();
@@ -48,7 +48,7 @@ int main(int argc, char** argv) {
     FormRef form = scene.build();
     RECT size;
     desktop.windows().GetWindowRect(form->hWnd(), size);
-    if (y + (size.Bottom - size.Top) > 1190 && y > 10) {
+    if (y + (size.Bottom - size.Top) > 1390 && y > 10) {
       x += columnWidth + 10;
       y = 10;
       columnWidth = 0;
