@@ -14,6 +14,10 @@ struct Scene {
   std::function<FormRef()> build;
 };
 
+// A shown form in Tahoma of the given size, on the given back colour (the face colour by default).
+FormRef makeSceneForm(const std::string& name, float width, float height, double fontSize,
+                      OLE_COLOR back = static_cast<OLE_COLOR>(0x8000000F));
+
 using SceneSource = std::vector<Scene> (*)();
 
 // Each scenes file registers its source with a static SceneRegistrar; the gallery renders them in

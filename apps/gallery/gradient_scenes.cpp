@@ -15,14 +15,6 @@ namespace corvane::gallery {
 
 namespace {
 
-FormRef makeForm(const std::string& name, float width, float height) {
-  FormRef f = Form::create(name, width, height);
-  f->surface().setBackColor(static_cast<OLE_COLOR>(0x8000000F));
-  f->surface().Font()->setName("Tahoma");
-  f->surface().Font()->setSize(9);
-  f->Show();
-  return f;
-}
 
 // A picture box at the given place (twips) with a gradient, and its angle written above it.
 void addGradient(Form& f, const std::string& name, float left, float top, float width, float height,
@@ -90,7 +82,7 @@ std::vector<Scene> gradientScenes() {
   return {
       {"gradient_angles", "gradients at 0, 45, 130 and 270 degrees on picture boxes",
        [] {
-         FormRef f = makeForm("GalleryGradients", 10500, 2700);
+         FormRef f = makeSceneForm("GalleryGradients", 10500, 2700, 9);
          addGradient(*f, "picAngle0", 300, 450, 2250, 1800, 0, 0xFFFFD0, 0x400000);
          addGradient(*f, "picAngle45", 2850, 450, 2250, 1800, 45, 0xFFFFD0, 0x400000);
          addGradient(*f, "picAngle130", 5400, 450, 2250, 1800, 130, RGB(255, 255, 255), RGB(0, 90, 160));
@@ -99,7 +91,7 @@ std::vector<Scene> gradientScenes() {
        }},
       {"gradient_diagonal", "a large gradient at 45 degrees in strong colours: no stair-steps in the bands",
        [] {
-         FormRef f = makeForm("GalleryDiagonal", 5400, 3600);
+         FormRef f = makeSceneForm("GalleryDiagonal", 5400, 3600, 9);
          auto box = f->add("PictureBox", "picDiagonal", nullptr, 150, 150, 5100, 3300);
          CGradient g;
          g.setColor1(RGB(255, 0, 0));
@@ -110,7 +102,7 @@ std::vector<Scene> gradientScenes() {
        }},
       {"tilepicture_form", "a 48-pixel picture tiled over a form",
        [] {
-         FormRef f = makeForm("GalleryTiles", 5400, 3300);
+         FormRef f = makeSceneForm("GalleryTiles", 5400, 3300, 9);
          auto tile = std::make_shared<clsTilePicture>();
          tile->Init(f, makeTile());
          tile->Paint();
@@ -118,7 +110,7 @@ std::vector<Scene> gradientScenes() {
        }},
       {"tilepicture_resized", "a tiled form grown after the first paint: only the uncovered band is painted",
        [] {
-         FormRef f = makeForm("GalleryTilesGrown", 3300, 2100);
+         FormRef f = makeSceneForm("GalleryTilesGrown", 3300, 2100, 9);
          auto tile = std::make_shared<clsTilePicture>();
          tile->Init(f, makeTile());
          tile->Paint();

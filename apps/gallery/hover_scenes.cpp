@@ -17,13 +17,9 @@ constexpr OLE_COLOR kFace = static_cast<OLE_COLOR>(0x8000000F);
 // White, the button's own default back colour, so that its light grey shadow shows.
 constexpr OLE_COLOR kWhite = 0xFFFFFF;
 
-FormRef makeForm(const std::string& name, float width, float height, OLE_COLOR back = kWhite) {
-  FormRef f = Form::create(name, width, height);
-  f->surface().setBackColor(back);
-  f->surface().Font()->setName("Tahoma");
-  f->surface().Font()->setSize(8);
-  f->Show();
-  return f;
+
+FormRef makeHoverForm(const std::string& name, float width, float height, OLE_COLOR back = kWhite) {
+  return makeSceneForm(name, width, height, 8, back);
 }
 
 // A hover button at a pixel position with the demo picture.
@@ -67,7 +63,7 @@ std::vector<Scene> hoverScenes() {
   return {
       {"hoverpic_looks", "one up picture, four looks: up, hot with its shadow, down one pixel lower, disabled",
        [] {
-         FormRef f = makeForm("GalleryHoverLooks", 420 * kTwips, 80 * kTwips);
+         FormRef f = makeHoverForm("GalleryHoverLooks", 420 * kTwips, 80 * kTwips);
          const char* captions[] = {"oben", "heiß", "gedrückt", "deaktiviert"};
          for (int i = 0; i < 4; ++i) {
            int32_t x = 20 + i * 100;
@@ -81,7 +77,7 @@ std::vector<Scene> hoverScenes() {
        }},
       {"hoverpic_pictures", "explicit hot and down pictures replace the derived looks",
        [] {
-         FormRef f = makeForm("GalleryHoverPictures", 320 * kTwips, 80 * kTwips);
+         FormRef f = makeHoverForm("GalleryHoverPictures", 320 * kTwips, 80 * kTwips);
          const char* captions[] = {"ImageUp", "ImageHot", "ImageDown"};
          for (int i = 0; i < 3; ++i) {
            int32_t x = 20 + i * 100;
@@ -96,7 +92,7 @@ std::vector<Scene> hoverScenes() {
        }},
       {"hoverpic_mouse", "driven by the mouse: a pressed toggle keeps its look while the mouse is over it",
        [] {
-         FormRef f = makeForm("GalleryHoverMouse", 320 * kTwips, 80 * kTwips);
+         FormRef f = makeHoverForm("GalleryHoverMouse", 320 * kTwips, 80 * kTwips);
          auto plain = addHover(*f, "hovPlain", 40, 14);
          addCaption(*f, "lblPlain", "Maus darüber", 20, 56);
          auto toggle = addHover(*f, "hovToggle", 140, 14);
@@ -113,7 +109,7 @@ std::vector<Scene> hoverScenes() {
        }},
       {"hoverpic_transparent", "a bitmap on the mask colour: opaque, and transparent over a striped container",
        [] {
-         FormRef f = makeForm("GalleryHoverTransparent", 220 * kTwips, 80 * kTwips, kFace);
+         FormRef f = makeHoverForm("GalleryHoverTransparent", 220 * kTwips, 80 * kTwips, kFace);
          // Stripes on the form, so that what shows through is plain to see.
          for (int32_t y = 0; y < 80; y += 8) f->surface().Line(0, y * kTwips, 220 * kTwips, (y + 3) * kTwips, 0xD0A070, true, true);
          const char* captions[] = {"BackStyle 1", "BackStyle 0"};

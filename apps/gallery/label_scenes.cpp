@@ -12,14 +12,6 @@ std::shared_ptr<VexColorLabel> addLabel(Form& f, const std::string& name, float 
   return std::dynamic_pointer_cast<VexColorLabel>(f.add("VexColorLabel", name, nullptr, left, top, width, height));
 }
 
-FormRef makeForm(const std::string& name, float width, float height) {
-  FormRef f = Form::create(name, width, height);
-  f->surface().setBackColor(static_cast<OLE_COLOR>(0x8000000F));
-  f->surface().Font()->setName("Tahoma");
-  f->surface().Font()->setSize(10);
-  f->Show();
-  return f;
-}
 }  // namespace
 
 std::vector<Scene> labelScenes();
@@ -31,14 +23,14 @@ std::vector<Scene> labelScenes() {
   return {
       {"colorlabel_markup", "bold, red and a forced line break",
        [] {
-         FormRef f = makeForm("GalleryMarkup", 4200, 900);
+         FormRef f = makeSceneForm("GalleryMarkup", 4200, 900, 10);
          auto l = addLabel(*f, "lblMarkup", 120, 120, 3900, 600);
          l->setCaption("<b>Fett</b> und <c&HFF>rot</c><br>zweite Zeile");
          return f;
        }},
       {"colorlabel_styles", "all four font styles, several colours, system colour reset",
        [] {
-         FormRef f = makeForm("GalleryStyles", 5400, 1300);
+         FormRef f = makeSceneForm("GalleryStyles", 5400, 1300, 10);
          auto l = addLabel(*f, "lblStyles", 120, 120, 5100, 1000);
          l->setCaption(
              "<b>fett</b> <i>kursiv</i> <u>unterstrichen</u> <s>durchgestrichen</s><br>"
@@ -48,7 +40,7 @@ std::vector<Scene> labelScenes() {
        }},
       {"colorlabel_wordwrap", "WordWrap at blanks with Autosize of the height",
        [] {
-         FormRef f = makeForm("GalleryWrap", 3300, 2200);
+         FormRef f = makeSceneForm("GalleryWrap", 3300, 2200, 10);
          auto l = addLabel(*f, "lblWrap", 120, 120, 3000, 300);
          l->setWordWrap(true);
          l->setCaption(
@@ -59,7 +51,7 @@ std::vector<Scene> labelScenes() {
        }},
       {"colorlabel_autosize", "Autosize grows the width, six pixels per piece",
        [] {
-         FormRef f = makeForm("GalleryAutosize", 5000, 800);
+         FormRef f = makeSceneForm("GalleryAutosize", 5000, 800, 10);
          auto l = addLabel(*f, "lblAuto", 120, 120, 600, 300);
          l->setBackColor(0xE0FFFF);
          l->setAutosize(true);

@@ -13,12 +13,6 @@
 
 using namespace corvane;
 
-namespace corvane::gallery {
-std::vector<std::pair<std::string, SceneSource>>& sceneSources() {
-  static std::vector<std::pair<std::string, SceneSource>> sources;
-  return sources;
-}
-}  // namespace corvane::gallery
 
 int main(int argc, char** argv) {
   std::string out = "out/gallery";

@@ -12,14 +12,6 @@
 namespace corvane::gallery {
 
 namespace {
-FormRef makeForm(const std::string& name, float width, float height) {
-  FormRef f = Form::create(name, width, height);
-  f->surface().setBackColor(static_cast<OLE_COLOR>(0x8000000F));
-  f->surface().Font()->setName("Tahoma");
-  f->surface().Font()->setSize(8);
-  f->Show();
-  return f;
-}
 
 void caption(Form& f, const std::string& name, const std::string& text, float left, float top, float width) {
   auto l = std::dynamic_pointer_cast<VexColorLabel>(f.add("VexColorLabel", name, nullptr, left, top, width, 255));
@@ -55,7 +47,7 @@ std::vector<Scene> paneScenes() {
       {"pane_borders", "the eight border styles on a grey pane",
        [] {
          constexpr float w = 2400, h = 1500, gap = 150, label = 300;
-         FormRef f = makeForm("GalleryPaneBorders", 4 * w + 5 * gap, 2 * (h + label) + 3 * gap);
+         FormRef f = makeSceneForm("GalleryPaneBorders", 4 * w + 5 * gap, 2 * (h + label) + 3 * gap, 8);
          for (int i = 0; i < 8; ++i) {
            auto style = static_cast<VexPane::BorderType>(i);
            float left = gap + static_cast<float>(i % 4) * (w + gap);
@@ -71,7 +63,7 @@ std::vector<Scene> paneScenes() {
        }},
       {"pane_flat_colour", "Flat in a chosen CrossColor1, ornaments in two strong colours",
        [] {
-         FormRef f = makeForm("GalleryPaneColours", 7650, 1800);
+         FormRef f = makeSceneForm("GalleryPaneColours", 7650, 1800, 8);
          auto a = addPane(*f, "panFlat", 150, 150, 2400, 1500);
          a->setBackColor(0xFFFFFF);
          a->setCrossColor1(0xC00000);
@@ -91,7 +83,7 @@ std::vector<Scene> paneScenes() {
       {"pane_gradients", "gradients at 0, 45 and 130 degrees, without a border and with Frame",
        [] {
          constexpr float w = 3000, h = 1800, gap = 150, label = 300;
-         FormRef f = makeForm("GalleryPaneGradients", 3 * w + 4 * gap, 2 * (h + label) + 3 * gap);
+         FormRef f = makeSceneForm("GalleryPaneGradients", 3 * w + 4 * gap, 2 * (h + label) + 3 * gap, 8);
          const float angles[] = {0, 45, 130};
          for (int row = 0; row < 2; ++row)
            for (int i = 0; i < 3; ++i) {
@@ -110,7 +102,7 @@ std::vector<Scene> paneScenes() {
        }},
       {"pane_gradient_system_colour", "a gradient from the face colour (a system colour) to white, Raised",
        [] {
-         FormRef f = makeForm("GalleryPaneSystem", 4500, 2400);
+         FormRef f = makeSceneForm("GalleryPaneSystem", 4500, 2400, 8);
          auto p = addPane(*f, "panSys", 150, 150, 4200, 2100);
          p->ChangeColors(static_cast<OLE_COLOR>(0x8000000F), 0xFFFFFF);
          p->setGradientAngle(90);
@@ -120,7 +112,7 @@ std::vector<Scene> paneScenes() {
        }},
       {"lframe_states", "VexLFrame enabled (dark blue border) and disabled (grey border)",
        [] {
-         FormRef f = makeForm("GalleryLFrame", 7200, 1950);
+         FormRef f = makeSceneForm("GalleryLFrame", 7200, 1950, 8);
          caption(*f, "lblOn", "Enabled", 150, 150, 3300);
          caption(*f, "lblOff", "Disabled", 3750, 150, 3300);
          for (int i = 0; i < 2; ++i) {
@@ -135,7 +127,7 @@ std::vector<Scene> paneScenes() {
        }},
       {"lpane_child", "VexLPane with an attached picture box filling it",
        [] {
-         FormRef f = makeForm("GalleryLPane", 5100, 3300);
+         FormRef f = makeSceneForm("GalleryLPane", 5100, 3300, 8);
          auto lp = std::dynamic_pointer_cast<VexLPane>(f->add("VexLPane", "lpnHost", nullptr, 300, 300, 4500, 2700));
          lp->setBackColor(0x0000FF);  // hidden by the child when it fills the pane
          auto pic = f->add("PictureBox", "picChild", nullptr, 0, 0, 900, 600);

@@ -1,0 +1,21 @@
+#include "gallery.h"
+
+#include "host/std_font.h"
+
+namespace corvane::gallery {
+
+std::vector<std::pair<std::string, SceneSource>>& sceneSources() {
+  static std::vector<std::pair<std::string, SceneSource>> sources;
+  return sources;
+}
+
+FormRef makeSceneForm(const std::string& name, float width, float height, double fontSize, OLE_COLOR back) {
+  FormRef f = Form::create(name, width, height);
+  f->surface().setBackColor(back);
+  f->surface().Font()->setName("Tahoma");
+  f->surface().Font()->setSize(fontSize);
+  f->Show();
+  return f;
+}
+
+}  // namespace corvane::gallery
