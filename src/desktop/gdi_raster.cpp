@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <cstdint>
+#include <cstddef>
 
 namespace corvane {
 
@@ -42,6 +44,62 @@ void GdiRaster::line(Canvas& canvas, int32_t x0, int32_t y0, int32_t x1, int32_t
     last = std::min<int64_t>(last, majorStart + reach);
   }
   if (first > last) return;
+
+  if (width <= 1) {
+    // Also clip by the minor coordinate, which only grows (or only falls) with the step, so that
+    // every remaining step lands on the canvas and needs no test.
+    const int64_t minorSize = xMajor ? canvas.height() : canvas.width();
+    const int64_t s = steps, md = minorDelta;
+    // q(i) = floor((2 i md + s) / 2s): how far the minor coordinate has moved after i steps.
+    auto firstWithAtLeast = [&](int64_t k) -> int64_t {  // smallest i with q(i) >= k
+      if (k <= 0) return 0;
+      if (md == 0) return INT64_MAX;
+      __int128 num = static_cast<__int128>(2 * s) * k - s, den = 2 * md;
+      return static_cast<int64_t>((num + den - 1) / den);
+    };
+    auto lastWithAtMost = [&](int64_t k) -> int64_t {  // largest i with q(i) <= k
+      if (k < 0) return -1;
+      if (md == 0) return INT64_MAX;
+      __int128 num = static_cast<__int128>(2 * s) * (k + 1) - s, den = 2 * md;
+      return static_cast<int64_t>((num + den - 1) / den) - 1;
+    };
+    if (minorStep > 0) {
+      first = std::max(first, firstWithAtLeast(-minorStart));
+      last = std::min(last, lastWithAtMost(minorSize - 1 - minorStart));
+    } else {
+      first = std::max(first, firstWithAtLeast(minorStart - (minorSize - 1)));
+      last = std::min(last, lastWithAtMost(minorStart));
+    }
+    if (first > last) return;
+    const int64_t twoSteps = 2 * steps;
+    const __int128 numerator = static_cast<__int128>(2 * first) * minorDelta + steps;
+    const int64_t minor = minorStart + minorStep * static_cast<int64_t>(numerator / twoSteps);
+    int64_t err = static_cast<int64_t>(numerator % twoSteps);
+    const int64_t major = majorStart + majorStep * first;
+    const ptrdiff_t stride = canvas.height() > 1 ? canvas.row(1) - canvas.row(0) : 0;
+    uint32_t* p = xMajor ? canvas.row(static_cast<int32_t>(minor)) + major : canvas.row(static_cast<int32_t>(major)) + minor;
+    const ptrdiff_t majorInc = xMajor ? majorStep : majorStep * stride;
+    const ptrdiff_t minorInc = xMajor ? minorStep * stride : minorStep;
+    const int64_t errInc = 2 * minorDelta;
+    if (errInc == 0 && majorInc == 1) {  // horizontal, to the right
+      std::fill_n(p, last - first + 1, argb);
+      return;
+    }
+    if (errInc == 0 && majorInc == -1) {  // horizontal, to the left
+      std::fill_n(p - (last - first), last - first + 1, argb);
+      return;
+    }
+    for (int64_t i = first; i <= last; ++i) {
+      *p = argb;
+      p += majorInc;
+      err += errInc;
+      if (err >= twoSteps) {
+        err -= twoSteps;
+        p += minorInc;
+      }
+    }
+    return;
+  }
 
   // Minor coordinate at step i is minorStart + round(i * minorDelta / steps), halves rounded up;
   // err carries the remainder so each step needs no division.
