@@ -61,25 +61,25 @@ std::string FontCache::familyFor(const std::string& name) {
   return m_installed.count(lower(name)) ? name : FontSubstitution::kFallbackFamily;
 }
 
-std::shared_ptr<TextFont> FontCache::font(const FontSpec& spec, int32_t pixelsPerInch) {
+std::shared_ptr<TextFont> FontCache::font(const FontSpec& desc, int32_t pixelsPerInch) {
   if (pixelsPerInch != m_pixelsPerInch) {
     m_bySpec.clear();
     m_pixelsPerInch = pixelsPerInch;
   }
-  auto known = m_bySpec.find(spec);
+  auto known = m_bySpec.find(desc);
   if (known != m_bySpec.end()) return known->second;
 
-  auto face = FontSubstitution::resolve(spec.name);
-  const std::string family = face ? face->family : familyFor(spec.name);
+  auto face = FontSubstitution::resolve(desc.name);
+  const std::string family = face ? face->family : familyFor(desc.name);
   const auto symbols = face ? face->symbols : FontSubstitution::Symbols::None;
-  const double size = std::isfinite(spec.size) ? std::clamp(std::fabs(spec.size), 0.0, 2048.0) : 8.25;
+  const double size = std::isfinite(desc.size) ? std::clamp(std::fabs(desc.size), 0.0, 2048.0) : 8.25;
   const int32_t pixels = std::max(1, static_cast<int32_t>(std::lround(size * pixelsPerInch / 72.0)));
   // The symbol faces share DejaVu Sans but not its letters, so they are kept apart.
-  const std::string faceKey = symbols == FontSubstitution::Symbols::None ? family : lower(spec.name);
-  auto key = std::make_tuple(faceKey, pixels, spec.bold, spec.italic);
+  const std::string faceKey = symbols == FontSubstitution::Symbols::None ? family : lower(desc.name);
+  auto key = std::make_tuple(faceKey, pixels, desc.bold, desc.italic);
   auto& made = m_byFace[key];
-  if (!made) made = std::make_shared<TextFont>(m_context, family, pixels, spec.bold, spec.italic, symbols);
-  m_bySpec.emplace(spec, made);
+  if (!made) made = std::make_shared<TextFont>(m_context, family, pixels, desc.bold, desc.italic, symbols);
+  m_bySpec.emplace(desc, made);
   return made;
 }
 

@@ -27,7 +27,7 @@ class FontCache {
 
   // The font for a description at a vertical resolution: pixels = points * pixelsPerInch / 72,
   // rounded. Underline and strikethrough are not part of a TextFont; the caller keeps them.
-  std::shared_ptr<TextFont> font(const FontSpec& spec, int32_t pixelsPerInch);
+  std::shared_ptr<TextFont> font(const FontSpec& desc, int32_t pixelsPerInch);
 
   // The installed family that draws a face name.
   std::string familyFor(const std::string& name);

@@ -49,7 +49,9 @@ json encodeValue(const Variant& v) {
 const json& member(const json& obj, const char* key, json::value_t type, const std::string& where) {
   if (!obj.is_object() || !obj.contains(key)) fail(where, std::string("missing \"") + key + "\"");
   const json& v = obj.at(key);
-  bool ok = v.type() == type || (type == json::value_t::number_float && v.is_number());
+  // A positive whole number parses as unsigned: it is an integer all the same.
+  bool ok = v.type() == type || (type == json::value_t::number_float && v.is_number()) ||
+            (type == json::value_t::number_integer && v.is_number_integer());
   if (!ok) fail(where + "." + key, std::string("expected ") + json(type).type_name() + ", found " + v.type_name());
   return v;
 }

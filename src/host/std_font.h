@@ -11,32 +11,32 @@ namespace corvane {
 class StdFont : public Object {
  public:
   StdFont() = default;
-  explicit StdFont(const FontSpec& spec) : m_spec(spec) {}
-  static std::shared_ptr<StdFont> create(const FontSpec& spec = {}) { return std::make_shared<StdFont>(spec); }
-  std::shared_ptr<StdFont> clone() const { return create(m_spec); }
+  explicit StdFont(const FontSpec& desc) : m_desc(desc) {}
+  static std::shared_ptr<StdFont> create(const FontSpec& desc = {}) { return std::make_shared<StdFont>(desc); }
+  std::shared_ptr<StdFont> clone() const { return create(m_desc); }
 
   std::string typeName() const override { return "StdFont"; }
 
-  const std::string& Name() const { return m_spec.name; }
-  void setName(const std::string& v) { m_spec.name = v; }
-  double Size() const { return m_spec.size; }
-  void setSize(double v) { m_spec.size = v; }
-  bool Bold() const { return m_spec.bold; }
-  void setBold(bool v) { m_spec.bold = v; }
-  bool Italic() const { return m_spec.italic; }
-  void setItalic(bool v) { m_spec.italic = v; }
-  bool Underline() const { return m_spec.underline; }
-  void setUnderline(bool v) { m_spec.underline = v; }
-  bool Strikethrough() const { return m_spec.strikethrough; }
-  void setStrikethrough(bool v) { m_spec.strikethrough = v; }
+  const std::string& Name() const { return m_desc.name; }
+  void setName(const std::string& v) { m_desc.name = v; }
+  double Size() const { return m_desc.size; }
+  void setSize(double v) { m_desc.size = v; }
+  bool Bold() const { return m_desc.bold; }
+  void setBold(bool v) { m_desc.bold = v; }
+  bool Italic() const { return m_desc.italic; }
+  void setItalic(bool v) { m_desc.italic = v; }
+  bool Underline() const { return m_desc.underline; }
+  void setUnderline(bool v) { m_desc.underline = v; }
+  bool Strikethrough() const { return m_desc.strikethrough; }
+  void setStrikethrough(bool v) { m_desc.strikethrough = v; }
 
-  const FontSpec& spec() const { return m_spec; }
+  const FontSpec& desc() const { return m_desc; }
 
  protected:
   const Dispatch* dispatch() const override;
 
  private:
-  FontSpec m_spec;
+  FontSpec m_desc;
 };
 
 using FontRef = std::shared_ptr<StdFont>;

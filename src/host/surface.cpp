@@ -35,7 +35,9 @@ COLORREF translateColor(OLE_COLOR colour) {
   return rgb;
 }
 
-Surface::Surface(HWND hWnd) : m_hWnd(hWnd), m_hdc(gdi().GetDC(hWnd)), m_font(StdFont::create()) {}
+Surface::Surface(HWND hWnd)
+    : m_hWnd(hWnd), m_hdc(gdi().GetDC(hWnd)), m_font(StdFont::create()), m_erasedWidth(pixelWidth()),
+      m_erasedHeight(pixelHeight()) {}
 
 Surface::~Surface() { gdi().ReleaseDC(m_hWnd, m_hdc); }
 
@@ -305,7 +307,7 @@ void Surface::PaintPicture(const PictureRef& picture, float x, float y, float wi
   picture->Render(m_hdc, px, py, pw, ph);
 }
 
-void Surface::selectFont() { gdi().SetDCFont(m_hdc, m_font->spec()); }
+void Surface::selectFont() { gdi().SetDCFont(m_hdc, m_font->desc()); }
 
 float Surface::TextWidth(const std::string& text) {
   selectFont();
@@ -344,6 +346,19 @@ void Surface::Print(const std::string& text, bool newLine) {
       m_currentY += static_cast<float>(tm.tmHeight) * unitsPerPixelY();
     }
   }
+}
+
+// A window that grew shows its back colour in the new area, as the engine erases it.
+void Surface::eraseGrownArea() {
+  const int32_t w = pixelWidth(), h = pixelHeight();
+  if (w > m_erasedWidth || h > m_erasedHeight) {
+    HBRUSH b = gdi().CreateSolidBrush(translateColor(m_backColor));
+    if (w > m_erasedWidth) gdi().FillRect(m_hdc, RECT{m_erasedWidth, 0, w, h}, b);
+    if (h > m_erasedHeight) gdi().FillRect(m_hdc, RECT{0, m_erasedHeight, w, h}, b);
+    gdi().DeleteObject(b);
+  }
+  m_erasedWidth = w;
+  m_erasedHeight = h;
 }
 
 int16_t Surface::shiftState() const {
@@ -409,6 +424,7 @@ void Surface::handleMessage(int32_t msg, WPARAM wParam, LPARAM lParam) {
       break;
     }
     case wm::SIZE:
+      eraseGrownArea();
       Resize();
       break;
     case wm::PAINT:

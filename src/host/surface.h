@@ -129,6 +129,7 @@ class Surface {
   static float twipsPerUnit(int16_t mode, bool horizontal);
   void selectFont();
   int16_t shiftState() const;
+  void eraseGrownArea();
   // Cuts the window to the mask when transparency applies, and gives it back its full shape when
   // it no longer does.
   void updateMaskRegion();
@@ -147,6 +148,7 @@ class Surface {
   OLE_COLOR m_maskColor = 0xC0C0C0;
   int16_t m_backStyle = 1;
   bool m_leftDownHere = false;
+  int32_t m_erasedWidth = 0, m_erasedHeight = 0;  // the size whose area shows the back colour
   // What the present window region was made from, so that an unchanged mask is not scanned again.
   struct MaskShape {
     HGDIOBJ image = 0;

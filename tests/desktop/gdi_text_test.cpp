@@ -45,7 +45,7 @@ class GdiText : public ::testing::Test {
   HDC hdc;
 };
 
-FontSpec spec(const std::string& name, double size, bool bold = false, bool italic = false) {
+FontSpec desc(const std::string& name, double size, bool bold = false, bool italic = false) {
   FontSpec f;
   f.name = name;
   f.size = size;
@@ -58,8 +58,8 @@ TEST(TextFonts, WidthsAgreeWithPangoWithinOnePixelPerGlyph) {
   FontCache cache;
   const std::vector<std::string> texts = {"Hello", "The quick brown fox jumps over the lazy dog.",
                                           "WAVE Type AV", "1234567890", "Grüße, naïve café"};
-  for (const FontSpec& f : {spec("MS Sans Serif", 8.25), spec("Tahoma", 8), spec("Arial", 10, true),
-                            spec("Times New Roman", 12, false, true), spec("Courier New", 10)}) {
+  for (const FontSpec& f : {desc("MS Sans Serif", 8.25), desc("Tahoma", 8), desc("Arial", 10, true),
+                            desc("Times New Roman", 12, false, true), desc("Courier New", 10)}) {
     auto font = cache.font(f, 96);
     for (const std::string& t : texts) {
       int32_t glyphs = 0;
@@ -73,18 +73,18 @@ TEST(TextFonts, WidthsAgreeWithPangoWithinOnePixelPerGlyph) {
 
 TEST(TextFonts, PointsBecomePixelsAtTheResolution) {
   FontCache cache;
-  EXPECT_EQ(cache.font(spec("Arial", 8.25), 96)->pixelSize(), 11);
-  EXPECT_EQ(cache.font(spec("Arial", 9), 96)->pixelSize(), 12);
-  EXPECT_EQ(cache.font(spec("Arial", 9), 192)->pixelSize(), 24);
-  EXPECT_EQ(cache.font(spec("Arial", 12), 120)->pixelSize(), 20);
+  EXPECT_EQ(cache.font(desc("Arial", 8.25), 96)->pixelSize(), 11);
+  EXPECT_EQ(cache.font(desc("Arial", 9), 96)->pixelSize(), 12);
+  EXPECT_EQ(cache.font(desc("Arial", 9), 192)->pixelSize(), 24);
+  EXPECT_EQ(cache.font(desc("Arial", 12), 120)->pixelSize(), 20);
 }
 
 TEST(TextFonts, KnownDescriptionsGiveTheSameFont) {
   FontCache cache;
-  auto a = cache.font(spec("Arial", 10), 96);
-  EXPECT_EQ(cache.font(spec("Arial", 10), 96), a);
-  EXPECT_EQ(cache.font(spec("MS Sans Serif", 9.75), 96), a);  // same face and pixel size (13)
-  EXPECT_NE(cache.font(spec("Arial", 10, true), 96), a);
+  auto a = cache.font(desc("Arial", 10), 96);
+  EXPECT_EQ(cache.font(desc("Arial", 10), 96), a);
+  EXPECT_EQ(cache.font(desc("MS Sans Serif", 9.75), 96), a);  // same face and pixel size (13)
+  EXPECT_NE(cache.font(desc("Arial", 10, true), 96), a);
 }
 
 TEST(TextFonts, WindowsNamesMapToInstalledFaces) {
@@ -101,11 +101,11 @@ TEST(TextFonts, WindowsNamesMapToInstalledFaces) {
 
 TEST(TextFonts, SymbolFacesShowUnicodeSymbols) {
   FontCache cache;
-  auto marlett = cache.font(spec("Marlett", 10), 96);
-  auto dejavu = cache.font(spec("DejaVu Sans", 10), 96);
+  auto marlett = cache.font(desc("Marlett", 10), 96);
+  auto dejavu = cache.font(desc("DejaVu Sans", 10), 96);
   EXPECT_EQ(marlett->width("r"), dejavu->width("\u2715"));
   EXPECT_EQ(marlett->width("6"), dejavu->width("\u25BC"));
-  auto wingdings = cache.font(spec("Wingdings", 10), 96);
+  auto wingdings = cache.font(desc("Wingdings", 10), 96);
   EXPECT_EQ(wingdings->width("\u00FC"), dejavu->width("\u2713"));
   EXPECT_EQ(wingdings->width("J"), dejavu->width("\u263A"));
   EXPECT_NE(marlett, dejavu);
@@ -113,14 +113,14 @@ TEST(TextFonts, SymbolFacesShowUnicodeSymbols) {
 
 TEST(TextFonts, MalformedUtf8IsMeasuredWithoutReadingPastTheEnd) {
   FontCache cache;
-  auto font = cache.font(spec("Arial", 10), 96);
+  auto font = cache.font(desc("Arial", 10), 96);
   const std::string cut = std::string("ab") + char(0xC3);
   EXPECT_GT(font->width(cut), font->width("ab"));
   EXPECT_GT(font->width(std::string(1, char(0xFF))), 0);
 }
 
 TEST_F(GdiText, ExtentIsTheSumOfAdvancesAndTheFontHeight) {
-  gdi.SetDCFont(hdc, spec("Arial", 10));
+  gdi.SetDCFont(hdc, desc("Arial", 10));
   TEXTMETRIC tm;
   ASSERT_TRUE(gdi.GetTextMetricsA(hdc, tm));
   EXPECT_EQ(tm.tmHeight, tm.tmAscent + tm.tmDescent);
@@ -132,11 +132,11 @@ TEST_F(GdiText, ExtentIsTheSumOfAdvancesAndTheFontHeight) {
 }
 
 TEST_F(GdiText, HigherResolutionMakesBiggerText) {
-  gdi.SetDCFont(hdc, spec("Arial", 10));
+  gdi.SetDCFont(hdc, desc("Arial", 10));
   const SIZE at96 = extent("Hello");
   gdi.setPixelsPerInch(192, 192);
   EXPECT_EQ(gdi.GetDeviceCaps(hdc, LOGPIXELSY), 192);
-  gdi.SetDCFont(hdc, spec("Arial", 10));
+  gdi.SetDCFont(hdc, desc("Arial", 10));
   const SIZE at192 = extent("Hello");
   EXPECT_NEAR(at192.cx, 2 * at96.cx, 3);
   EXPECT_NEAR(at192.cy, 2 * at96.cy, 2);
@@ -145,7 +145,7 @@ TEST_F(GdiText, HigherResolutionMakesBiggerText) {
 TEST_F(GdiText, TextOutPaintsTheTextColourInsideTheMeasuredBoxOnly) {
   for (const char* face : {"MS Sans Serif", "Tahoma", "Times New Roman", "Courier New"}) {
     canvas.fill(kWhite);
-    gdi.SetDCFont(hdc, spec(face, 9));
+    gdi.SetDCFont(hdc, desc(face, 9));
     gdi.SetBkMode(hdc, 1);
     gdi.SetTextColor(hdc, kRed);
     const std::string text = "Sample Text, quick!";
@@ -193,7 +193,7 @@ TEST_F(GdiText, TransparentModeLeavesTheBackgroundAlone) {
 TEST_F(GdiText, GlyphCacheDrawsWhatCairoDraws) {
   FontCache cache;
   for (const FontSpec& f :
-       {spec("MS Sans Serif", 8.25), spec("Verdana", 11, true), spec("Georgia", 14, false, true)}) {
+       {desc("MS Sans Serif", 8.25), desc("Verdana", 11, true), desc("Georgia", 14, false, true)}) {
     auto font = cache.font(f, 96);
     Canvas a(200, 40), b(200, 40);
     const std::string text = "Quick & easy: 42 words, déjà vu";
@@ -214,7 +214,7 @@ TEST_F(GdiText, GlyphCacheDrawsWhatCairoDraws) {
 }
 
 TEST_F(GdiText, UnderlineAndStrikethroughRunTheWholeWidth) {
-  FontSpec f = spec("Arial", 12);
+  FontSpec f = desc("Arial", 12);
   f.underline = true;
   gdi.SetDCFont(hdc, f);
   gdi.SetBkMode(hdc, 1);
@@ -246,7 +246,7 @@ TEST_F(GdiText, UnderlineAndStrikethroughRunTheWholeWidth) {
 }
 
 TEST_F(GdiText, SelectedFontsAreUsedAndGiveTheirPreviousOneBack) {
-  HFONT big = gdi.CreateFontIndirect(spec("Arial", 20));
+  HFONT big = gdi.CreateFontIndirect(desc("Arial", 20));
   const SIZE small = extent("Hello");
   HFONT previous = gdi.SelectObject(hdc, big);
   EXPECT_NE(previous, 0);
@@ -261,12 +261,12 @@ class GdiDrawText : public GdiText {
  protected:
   GdiDrawText() : expected(300, 120) {
     gdi.SetBkMode(hdc, 1);
-    gdi.SetDCFont(hdc, spec("Arial", 10));
+    gdi.SetDCFont(hdc, desc("Arial", 10));
     memory = gdi.CreateCompatibleDC(hdc);
     bitmap = gdi.CreateCompatibleBitmap(hdc, 300, 120);
     gdi.SelectObject(memory, bitmap);
     gdi.SetBkMode(memory, 1);
-    gdi.SetDCFont(memory, spec("Arial", 10));
+    gdi.SetDCFont(memory, desc("Arial", 10));
     RECT all{0, 0, 300, 120};
     gdi.FillRect(memory, all, syscolor::WINDOW + 1);
   }
@@ -370,16 +370,16 @@ TEST_F(GdiDrawText, AnAmpersandUnderlinesTheNextLetterAndADoubleOneShowsOne) {
   gdi.TextOutA(memory, 0, 0, "File");
   EXPECT_FALSE(sameAsMemory());  // the underline under F
   gdi.FillRect(memory, RECT{0, 0, 300, 120}, syscolor::WINDOW + 1);
-  FontSpec underlined = spec("Arial", 10);
+  FontSpec underlined = desc("Arial", 10);
   underlined.underline = true;
   gdi.SetDCFont(memory, underlined);
   gdi.TextOutA(memory, 0, 0, "F");
-  gdi.SetDCFont(memory, spec("Arial", 10));
+  gdi.SetDCFont(memory, desc("Arial", 10));
   gdi.TextOutA(memory, extent("F").cx, 0, "ile");
   EXPECT_TRUE(sameAsMemory());
 
   canvas.fill(kWhite);
-  gdi.SetDCFont(memory, spec("Arial", 10));
+  gdi.SetDCFont(memory, desc("Arial", 10));
   gdi.FillRect(memory, RECT{0, 0, 300, 120}, syscolor::WINDOW + 1);
   RECT calc{0, 0, 0, 0};
   gdi.DrawTextA(hdc, "A&&B", -1, calc, DT_CALCRECT | DT_SINGLELINE);
@@ -411,7 +411,7 @@ TEST_F(GdiDrawText, CountLimitsTheCharacters) {
 }
 
 TEST_F(GdiText, PathCompactPathKeepsFittingTextsAndShortensOthersToFit) {
-  gdi.SetDCFont(hdc, spec("MS Sans Serif", 8.25));
+  gdi.SetDCFont(hdc, desc("MS Sans Serif", 8.25));
   std::string fits = "C:\\a.txt";
   ASSERT_TRUE(gdi.PathCompactPathA(hdc, fits, 200));
   EXPECT_EQ(fits, "C:\\a.txt");

@@ -280,3 +280,18 @@ TEST_F(SurfaceTest, MouseInputBecomesSurfaceEventsInTheScale) {
 
 }  // namespace
 }  // namespace corvane
+
+namespace corvane {
+namespace {
+
+TEST_F(SurfaceTest, GrowingAWindowShowsTheBackColourInTheNewArea) {
+  s().setBackColor(0x00FF00);
+  pic->extenderObject().Move(0, 0, 4500, 2250);  // 300 by 150 pixels
+  Canvas& c = *desktop().windows().windowCanvas(s().hWnd());
+  EXPECT_EQ(c.pixel(250, 20), 0x00FF00);
+  EXPECT_EQ(c.pixel(20, 120), 0x00FF00);
+  EXPECT_EQ(c.pixel(299, 149), 0x00FF00);
+}
+
+}  // namespace
+}  // namespace corvane

@@ -170,6 +170,14 @@ TEST_F(LabelTest, FormWithTwoLabelsSurvivesSaveAndLoad) {
   EXPECT_EQ(FormFile::save(*again), text) << "a second save writes the same file";
 }
 
+TEST_F(LabelTest, FormWithAPlainBackColourLoads) {
+  form->surface().setBackColor(0x336699);
+  std::string text = FormFile::save(*form);
+  form->Unload();
+  FormRef again = FormFile::load(text);
+  EXPECT_EQ(again->surface().BackColor(), 0x336699);
+}
+
 TEST_F(LabelTest, MalformedFormFileChangesNothing) {
   std::string good = FormFile::save(*form);
   form->Unload();
