@@ -1,6 +1,8 @@
 #include "frame/tile_picture.h"
 
 #include <cairo.h>
+
+#include "support/png_bytes.h"
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -30,15 +32,7 @@ std::vector<unsigned char> quarterPng(int32_t size) {
     cairo_fill(cr);
   }
   cairo_destroy(cr);
-  std::vector<unsigned char> bytes;
-  cairo_surface_write_to_png_stream(
-      s,
-      [](void* closure, const unsigned char* data, unsigned int length) {
-        auto* out = static_cast<std::vector<unsigned char>*>(closure);
-        out->insert(out->end(), data, data + length);
-        return CAIRO_STATUS_SUCCESS;
-      },
-      &bytes);
+  std::vector<unsigned char> bytes = test::pngBytesOf(s);
   cairo_surface_destroy(s);
   return bytes;
 }

@@ -7,6 +7,7 @@
 #include "host/std_picture.h"
 #include "resources/embedded.h"
 #include "support/desktop_fixture.h"
+#include "support/png_bytes.h"
 
 namespace corvane {
 namespace {
@@ -19,15 +20,7 @@ std::vector<unsigned char> pngBytes(int w, int h) {
   cairo_set_source_rgb(cr, 1, 0, 0);
   cairo_paint(cr);
   cairo_destroy(cr);
-  std::vector<unsigned char> out;
-  cairo_surface_write_to_png_stream(
-      s,
-      [](void* closure, const unsigned char* data, unsigned int length) {
-        auto* v = static_cast<std::vector<unsigned char>*>(closure);
-        v->insert(v->end(), data, data + length);
-        return CAIRO_STATUS_SUCCESS;
-      },
-      &out);
+  std::vector<unsigned char> out = test::pngBytesOf(s);
   cairo_surface_destroy(s);
   return out;
 }

@@ -1,6 +1,8 @@
 #pragma once
 #include <cairo.h>
 
+#include "support/png_bytes.h"
+
 #include <memory>
 #include <string>
 #include <vector>
@@ -29,15 +31,7 @@ inline std::vector<unsigned char> squarePng(int32_t width, int32_t height, RECT 
   cairo_rectangle(cr, square.Left, square.Top, square.Right - square.Left, square.Bottom - square.Top);
   cairo_fill(cr);
   cairo_destroy(cr);
-  std::vector<unsigned char> bytes;
-  cairo_surface_write_to_png_stream(
-      s,
-      [](void* closure, const unsigned char* data, unsigned int length) {
-        auto* out = static_cast<std::vector<unsigned char>*>(closure);
-        out->insert(out->end(), data, data + length);
-        return CAIRO_STATUS_SUCCESS;
-      },
-      &bytes);
+  std::vector<unsigned char> bytes = test::pngBytesOf(s);
   cairo_surface_destroy(s);
   return bytes;
 }
