@@ -23,12 +23,6 @@ void VexColorLabel::setForeColor(OLE_COLOR value) {
   DrawLabel();
 }
 
-void VexColorLabel::setBackColor(OLE_COLOR value) {
-  surface().setBackColor(value);
-  PropertyChanged("BackColor");
-  DrawLabel();
-}
-
 void VexColorLabel::drawAfterWidthChange() {
   m_OldWidth = CLng(surface().Width());
   DrawLabel();
@@ -375,7 +369,6 @@ const Dispatch* VexColorLabel::dispatch() const {
     Dispatch t = standardDispatch();
     DispatchBuilder<VexColorLabel>(t)
         .prop("ForeColor", &VexColorLabel::ForeColor, &VexColorLabel::setForeColor)
-        .prop("BackColor", &VexColorLabel::BackColor, &VexColorLabel::setBackColor)
         .prop("Caption", &VexColorLabel::Caption, &VexColorLabel::setCaption)
         .prop("Autosize", &VexColorLabel::Autosize, &VexColorLabel::setAutosize)
         .prop("WordWrap", &VexColorLabel::WordWrap, &VexColorLabel::setWordWrap)

@@ -35,7 +35,6 @@ class VexColorLabel : public ControlBase {
 
   OLE_COLOR ForeColor() const { return surface().ForeColor(); }
   void setForeColor(OLE_COLOR value);
-  void setBackColor(OLE_COLOR value) override;
   const std::string& Caption() const { return m_Caption; }
   void setCaption(const std::string& value);
   bool Autosize() const { return m_Autosize; }
