@@ -8,8 +8,8 @@
 #include <cmath>
 
 #include "desktop/desktop.h"
-#include "frame/gradient.h"
-#include "platform/api.h"
+#include <corvane/frame/gradient.h>
+#include <corvane/platform/api.h>
 
 using namespace corvane;
 

@@ -7,9 +7,9 @@
 #include <string>
 
 #include "desktop/desktop.h"
-#include "host/form.h"
-#include "platform/platform.h"
-#include "widgets/vex_color_label.h"
+#include <corvane/host/form.h>
+#include <corvane/platform/platform.h>
+#include <corvane/widgets/vex_color_label.h>
 
 using namespace corvane;
 

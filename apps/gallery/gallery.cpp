@@ -1,6 +1,6 @@
 #include "gallery.h"
 
-#include "host/std_font.h"
+#include <corvane/host/std_font.h>
 
 namespace corvane::gallery {
 

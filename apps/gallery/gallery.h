@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "host/form.h"
+#include <corvane/host/form.h>
 
 namespace corvane::gallery {
 

@@ -5,11 +5,11 @@
 #include <string>
 #include <vector>
 
-#include "frame/gradient.h"
-#include "frame/tile_picture.h"
+#include <corvane/frame/gradient.h>
+#include <corvane/frame/tile_picture.h>
 #include "gallery.h"
-#include "host/std_font.h"
-#include "host/std_picture.h"
+#include <corvane/host/std_font.h>
+#include <corvane/host/std_picture.h>
 
 namespace corvane::gallery {
 

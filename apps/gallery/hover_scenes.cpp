@@ -2,12 +2,12 @@
 #include <string>
 
 #include "desktop/desktop.h"
-#include "frame/global.h"
+#include <corvane/frame/global.h>
 #include "gallery.h"
-#include "host/screen.h"
-#include "platform/api.h"
-#include "widgets/vex_color_label.h"
-#include "widgets/vex_hover_pic.h"
+#include <corvane/host/screen.h>
+#include <corvane/platform/api.h>
+#include <corvane/widgets/vex_color_label.h>
+#include <corvane/widgets/vex_hover_pic.h>
 
 namespace corvane::gallery {
 

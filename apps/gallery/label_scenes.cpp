@@ -1,8 +1,8 @@
 #include <memory>
 
 #include "gallery.h"
-#include "host/std_font.h"
-#include "widgets/vex_color_label.h"
+#include <corvane/host/std_font.h>
+#include <corvane/widgets/vex_color_label.h>
 
 namespace corvane::gallery {
 

@@ -9,7 +9,7 @@
 #include "desktop/desktop.h"
 #include "gallery.h"
 #include "live_viewer.h"
-#include "platform/platform.h"
+#include <corvane/platform/platform.h>
 
 using namespace corvane;
 

@@ -1,13 +1,13 @@
 #include <memory>
 #include <string>
 
-#include "containers/vex_l_frame.h"
-#include "containers/vex_l_pane.h"
-#include "containers/vex_pane.h"
+#include <corvane/containers/vex_l_frame.h>
+#include <corvane/containers/vex_l_pane.h>
+#include <corvane/containers/vex_pane.h>
 #include "gallery.h"
-#include "host/extender.h"
-#include "host/std_font.h"
-#include "widgets/vex_color_label.h"
+#include <corvane/host/extender.h>
+#include <corvane/host/std_font.h>
+#include <corvane/widgets/vex_color_label.h>
 
 namespace corvane::gallery {
 

@@ -1,9 +1,9 @@
 // A program outside the library's tree: creates a markup label by name on a headless desktop.
 #include <cstdio>
 
-#include "desktop/desktop.h"
-#include "host/form.h"
-#include "platform/platform.h"
+#include <corvane/desktop/desktop.h>
+#include <corvane/host/form.h>
+#include <corvane/platform/platform.h>
 
 int main() {
   corvane::Desktop desktop;

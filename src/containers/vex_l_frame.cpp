@@ -1,4 +1,4 @@
-#include "containers/vex_l_frame.h"
+#include <corvane/containers/vex_l_frame.h>
 
 namespace corvane {
 

@@ -1,6 +1,6 @@
-#include "containers/vex_l_pane.h"
+#include <corvane/containers/vex_l_pane.h>
 
-#include "host/extender.h"
+#include <corvane/host/extender.h>
 
 namespace corvane {
 

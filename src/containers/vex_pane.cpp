@@ -1,10 +1,10 @@
-#include "containers/vex_pane.h"
+#include <corvane/containers/vex_pane.h>
 
 #include <memory>
 
-#include "frame/gradient.h"
-#include "host/screen.h"
-#include "host/std_picture.h"
+#include <corvane/frame/gradient.h>
+#include <corvane/host/screen.h>
+#include <corvane/host/std_picture.h>
 
 namespace corvane {
 

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "platform/types.h"
+#include <corvane/platform/types.h>
 
 namespace corvane {
 

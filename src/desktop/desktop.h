@@ -6,7 +6,7 @@
 #include "desktop/canvas.h"
 #include "desktop/clock.h"
 #include "desktop/window_manager.h"
-#include "platform/platform.h"
+#include <corvane/platform/platform.h>
 
 namespace corvane {
 

@@ -8,7 +8,7 @@
 #include <unordered_map>
 
 #include "desktop/text_font.h"
-#include "platform/types.h"
+#include <corvane/platform/types.h>
 
 // Pango's types, declared here so that users of this header need not see Pango's headers.
 typedef struct _PangoContext PangoContext;

@@ -12,7 +12,7 @@
 #include "desktop/gdi_object.h"
 #include "desktop/sys_colors.h"
 #include "desktop/window_images.h"
-#include "platform/platform.h"
+#include <corvane/platform/platform.h>
 
 namespace corvane {
 

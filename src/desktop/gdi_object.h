@@ -5,7 +5,7 @@
 #include "desktop/canvas.h"
 #include "desktop/region.h"
 #include "desktop/text_font.h"
-#include "platform/types.h"
+#include <corvane/platform/types.h>
 
 namespace corvane {
 

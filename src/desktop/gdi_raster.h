@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "desktop/canvas.h"
-#include "platform/types.h"
+#include <corvane/platform/types.h>
 
 namespace corvane {
 

@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "desktop/canvas.h"
-#include "platform/types.h"
+#include <corvane/platform/types.h>
 
 namespace corvane {
 

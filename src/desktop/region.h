@@ -2,7 +2,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "platform/types.h"
+#include <corvane/platform/types.h>
 
 namespace corvane {
 

@@ -2,7 +2,7 @@
 #include <array>
 #include <cstdint>
 
-#include "platform/types.h"
+#include <corvane/platform/types.h>
 
 namespace corvane {
 

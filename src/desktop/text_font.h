@@ -10,7 +10,7 @@
 
 #include "desktop/canvas.h"
 #include "desktop/font_substitution.h"
-#include "platform/types.h"
+#include <corvane/platform/types.h>
 
 // Pango's types, declared here so that users of this header need not see Pango's headers.
 typedef struct _PangoContext PangoContext;

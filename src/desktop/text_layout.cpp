@@ -1,7 +1,7 @@
 #include "desktop/text_layout.h"
 
 #include "desktop/text_utf8.h"
-#include "platform/types.h"
+#include <corvane/platform/types.h>
 
 namespace corvane {
 

@@ -1,6 +1,6 @@
 #pragma once
 #include "desktop/canvas.h"
-#include "platform/types.h"
+#include <corvane/platform/types.h>
 
 namespace corvane {
 

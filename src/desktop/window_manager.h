@@ -11,7 +11,7 @@
 #include "desktop/canvas.h"
 #include "desktop/clock.h"
 #include "desktop/window_images.h"
-#include "platform/platform.h"
+#include <corvane/platform/platform.h>
 
 namespace corvane {
 

@@ -1,4 +1,4 @@
-#include "frame/control_base.h"
+#include <corvane/frame/control_base.h>
 
 namespace corvane {
 

@@ -1,14 +1,14 @@
-#include "frame/global.h"
+#include <corvane/frame/global.h>
 
 #include <cmath>
 
-#include "host/screen.h"
-#include "platform/api.h"
+#include <corvane/host/screen.h>
+#include <corvane/platform/api.h>
 #include "resources/embedded.h"
-#include "runtime/checked.h"
-#include "runtime/guard.h"
-#include "runtime/strings.h"
-#include "runtime/win1252.h"
+#include <corvane/runtime/checked.h>
+#include <corvane/runtime/guard.h>
+#include <corvane/runtime/strings.h>
+#include <corvane/runtime/win1252.h>
 
 namespace corvane::Global {
 

@@ -1,9 +1,9 @@
-#include "frame/gradient.h"
+#include <corvane/frame/gradient.h>
 
 #include <cmath>
 
-#include "platform/api.h"
-#include "runtime/checked.h"
+#include <corvane/platform/api.h>
+#include <corvane/runtime/checked.h>
 
 namespace corvane {
 

@@ -1,6 +1,6 @@
-#include "frame/isubclass.h"
+#include <corvane/frame/isubclass.h>
 
-#include "frame/subclass.h"
+#include <corvane/frame/subclass.h>
 
 namespace corvane {
 

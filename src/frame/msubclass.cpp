@@ -1,10 +1,10 @@
-#include "frame/msubclass.h"
+#include <corvane/frame/msubclass.h>
 
-#include "frame/subclass.h"
-#include "host/screen.h"
-#include "platform/api.h"
-#include "runtime/checked.h"
-#include "runtime/runtime_error.h"
+#include <corvane/frame/subclass.h>
+#include <corvane/host/screen.h>
+#include <corvane/platform/api.h>
+#include <corvane/runtime/checked.h>
+#include <corvane/runtime/runtime_error.h>
 
 namespace corvane::MSubclass {
 

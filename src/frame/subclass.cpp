@@ -1,8 +1,8 @@
-#include "frame/subclass.h"
+#include <corvane/frame/subclass.h>
 
 #include <algorithm>
 
-#include "platform/api.h"
+#include <corvane/platform/api.h>
 
 namespace corvane {
 

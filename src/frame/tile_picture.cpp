@@ -1,13 +1,13 @@
-#include "frame/tile_picture.h"
+#include <corvane/frame/tile_picture.h>
 
 #include <cmath>
 
-#include "host/extender.h"
-#include "host/form.h"
-#include "host/hosted_control.h"
-#include "runtime/checked.h"
-#include "runtime/guard.h"
-#include "runtime/val.h"
+#include <corvane/host/extender.h>
+#include <corvane/host/form.h>
+#include <corvane/host/hosted_control.h>
+#include <corvane/runtime/checked.h>
+#include <corvane/runtime/guard.h>
+#include <corvane/runtime/val.h>
 
 namespace corvane {
 

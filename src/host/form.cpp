@@ -1,14 +1,14 @@
-#include "host/form.h"
+#include <corvane/host/form.h>
 
 #include <algorithm>
 
-#include "host/extender.h"
-#include "host/picture_box.h"
-#include "host/screen.h"
-#include "platform/api.h"
-#include "runtime/checked.h"
-#include "runtime/class_registry.h"
-#include "runtime/strings.h"
+#include <corvane/host/extender.h>
+#include <corvane/host/picture_box.h>
+#include <corvane/host/screen.h>
+#include <corvane/platform/api.h>
+#include <corvane/runtime/checked.h>
+#include <corvane/runtime/class_registry.h>
+#include <corvane/runtime/strings.h>
 
 namespace corvane {
 

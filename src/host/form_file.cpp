@@ -1,15 +1,15 @@
-#include "host/form_file.h"
+#include <corvane/host/form_file.h>
 
 #include <fstream>
 #include <nlohmann/json.hpp>
 #include <sstream>
 
 #include "host/base64.h"
-#include "host/extender.h"
-#include "host/std_font.h"
-#include "host/std_picture.h"
-#include "runtime/class_registry.h"
-#include "runtime/strings.h"
+#include <corvane/host/extender.h>
+#include <corvane/host/std_font.h>
+#include <corvane/host/std_picture.h>
+#include <corvane/runtime/class_registry.h>
+#include <corvane/runtime/strings.h>
 
 namespace corvane {
 

@@ -1,9 +1,9 @@
-#include "host/hosted_control.h"
+#include <corvane/host/hosted_control.h>
 
-#include "host/extender.h"
-#include "host/form.h"
-#include "platform/api.h"
-#include "runtime/checked.h"
+#include <corvane/host/extender.h>
+#include <corvane/host/form.h>
+#include <corvane/platform/api.h>
+#include <corvane/runtime/checked.h>
 
 namespace corvane {
 

@@ -1,6 +1,6 @@
-#include "host/picture_box.h"
+#include <corvane/host/picture_box.h>
 
-#include "runtime/guard.h"
+#include <corvane/runtime/guard.h>
 
 namespace corvane {
 

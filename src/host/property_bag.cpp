@@ -1,4 +1,4 @@
-#include "host/property_bag.h"
+#include <corvane/host/property_bag.h>
 
 #include <algorithm>
 

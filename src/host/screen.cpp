@@ -1,6 +1,6 @@
-#include "host/screen.h"
+#include <corvane/host/screen.h>
 
-#include "platform/api.h"
+#include <corvane/platform/api.h>
 
 namespace corvane {
 

@@ -1,4 +1,4 @@
-#include "host/std_font.h"
+#include <corvane/host/std_font.h>
 
 namespace corvane {
 

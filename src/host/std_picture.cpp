@@ -1,12 +1,12 @@
-#include "host/std_picture.h"
+#include <corvane/host/std_picture.h>
 
 #include <fstream>
 #include <iterator>
 
-#include "host/screen.h"
-#include "platform/api.h"
+#include <corvane/host/screen.h>
+#include <corvane/platform/api.h>
 #include "resources/embedded.h"
-#include "runtime/checked.h"
+#include <corvane/runtime/checked.h>
 
 namespace corvane {
 

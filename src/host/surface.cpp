@@ -1,10 +1,10 @@
-#include "host/surface.h"
+#include <corvane/host/surface.h>
 
 #include <algorithm>
 
-#include "host/screen.h"
-#include "platform/api.h"
-#include "runtime/checked.h"
+#include <corvane/host/screen.h>
+#include <corvane/platform/api.h>
+#include <corvane/runtime/checked.h>
 
 namespace corvane {
 

@@ -2,16 +2,16 @@
 // a class of the table without a factory here is reported as not available in this build.
 #include <memory>
 
-#include "containers/vex_l_frame.h"
-#include "containers/vex_l_pane.h"
-#include "containers/vex_pane.h"
-#include "frame/gradient.h"
-#include "frame/isubclass.h"
-#include "frame/subclass.h"
-#include "frame/tile_picture.h"
-#include "runtime/class_registry.h"
-#include "widgets/vex_color_label.h"
-#include "widgets/vex_hover_pic.h"
+#include <corvane/containers/vex_l_frame.h>
+#include <corvane/containers/vex_l_pane.h>
+#include <corvane/containers/vex_pane.h>
+#include <corvane/frame/gradient.h>
+#include <corvane/frame/isubclass.h>
+#include <corvane/frame/subclass.h>
+#include <corvane/frame/tile_picture.h>
+#include <corvane/runtime/class_registry.h>
+#include <corvane/widgets/vex_color_label.h>
+#include <corvane/widgets/vex_hover_pic.h>
 
 namespace corvane {
 

@@ -1,4 +1,4 @@
-#include "platform/platform.h"
+#include <corvane/platform/platform.h>
 
 namespace corvane {
 

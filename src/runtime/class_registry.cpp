@@ -1,8 +1,8 @@
-#include "runtime/class_registry.h"
+#include <corvane/runtime/class_registry.h>
 
 #include <stdexcept>
 
-#include "runtime/runtime_error.h"
+#include <corvane/runtime/runtime_error.h>
 
 namespace corvane {
 

@@ -1,4 +1,4 @@
-#include "runtime/datetime.h"
+#include <corvane/runtime/datetime.h>
 
 #include <ctime>
 

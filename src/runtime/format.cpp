@@ -1,11 +1,11 @@
-#include "runtime/format.h"
+#include <corvane/runtime/format.h>
 
 #include <charconv>
 #include <cmath>
 #include <optional>
 #include <vector>
 
-#include "runtime/val.h"
+#include <corvane/runtime/val.h>
 
 namespace corvane {
 

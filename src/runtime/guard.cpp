@@ -1,4 +1,4 @@
-#include "runtime/guard.h"
+#include <corvane/runtime/guard.h>
 
 namespace corvane {
 

@@ -1,9 +1,9 @@
-#include "runtime/indexed_text.h"
+#include <corvane/runtime/indexed_text.h>
 
 #include <algorithm>
 
-#include "runtime/runtime_error.h"
-#include "runtime/utf8.h"
+#include <corvane/runtime/runtime_error.h>
+#include <corvane/runtime/utf8.h>
 
 namespace corvane {
 

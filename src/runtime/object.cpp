@@ -1,4 +1,4 @@
-#include "runtime/object.h"
+#include <corvane/runtime/object.h>
 
 #include <cctype>
 

@@ -1,4 +1,4 @@
-#include "runtime/runtime_error.h"
+#include <corvane/runtime/runtime_error.h>
 
 namespace corvane {
 

@@ -1,11 +1,11 @@
-#include "runtime/strings.h"
+#include <corvane/runtime/strings.h>
 
 #include <algorithm>
 #include <limits>
 
-#include "runtime/runtime_error.h"
-#include "runtime/utf8.h"
-#include "runtime/win1252.h"
+#include <corvane/runtime/runtime_error.h>
+#include <corvane/runtime/utf8.h>
+#include <corvane/runtime/win1252.h>
 
 namespace corvane {
 

@@ -1,11 +1,11 @@
-#include "runtime/val.h"
+#include <corvane/runtime/val.h>
 
 #include <charconv>
 #include <cstdint>
 #include <string>
 
-#include "runtime/checked.h"
-#include "runtime/runtime_error.h"
+#include <corvane/runtime/checked.h>
+#include <corvane/runtime/runtime_error.h>
 
 namespace corvane {
 

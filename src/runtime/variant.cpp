@@ -1,12 +1,12 @@
-#include "runtime/variant.h"
+#include <corvane/runtime/variant.h>
 
 #include <cctype>
 #include <charconv>
 #include <cmath>
 
-#include "runtime/checked.h"
-#include "runtime/object.h"
-#include "runtime/val.h"
+#include <corvane/runtime/checked.h>
+#include <corvane/runtime/object.h>
+#include <corvane/runtime/val.h>
 
 namespace corvane {
 

@@ -1,7 +1,7 @@
-#include "runtime/win1252.h"
+#include <corvane/runtime/win1252.h>
 
-#include "runtime/runtime_error.h"
-#include "runtime/utf8.h"
+#include <corvane/runtime/runtime_error.h>
+#include <corvane/runtime/utf8.h>
 
 namespace corvane {
 

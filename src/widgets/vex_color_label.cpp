@@ -1,10 +1,10 @@
-#include "widgets/vex_color_label.h"
+#include <corvane/widgets/vex_color_label.h>
 
-#include "host/screen.h"
-#include "platform/api.h"
-#include "runtime/checked.h"
-#include "runtime/strings.h"
-#include "runtime/val.h"
+#include <corvane/host/screen.h>
+#include <corvane/platform/api.h>
+#include <corvane/runtime/checked.h>
+#include <corvane/runtime/strings.h>
+#include <corvane/runtime/val.h>
 
 namespace corvane {
 

@@ -1,9 +1,9 @@
-#include "widgets/vex_hover_pic.h"
+#include <corvane/widgets/vex_hover_pic.h>
 
-#include "host/screen.h"
-#include "platform/api.h"
-#include "runtime/checked.h"
-#include "runtime/guard.h"
+#include <corvane/host/screen.h>
+#include <corvane/platform/api.h>
+#include <corvane/runtime/checked.h>
+#include <corvane/runtime/guard.h>
 
 namespace corvane {
 

@@ -5,11 +5,11 @@
 #include <string>
 #include <vector>
 
-#include "containers/vex_l_frame.h"
-#include "containers/vex_l_pane.h"
-#include "containers/vex_pane.h"
-#include "host/extender.h"
-#include "platform/api.h"
+#include <corvane/containers/vex_l_frame.h>
+#include <corvane/containers/vex_l_pane.h>
+#include <corvane/containers/vex_pane.h>
+#include <corvane/host/extender.h>
+#include <corvane/platform/api.h>
 #include "support/desktop_fixture.h"
 
 namespace corvane::test {

@@ -2,9 +2,9 @@
 
 #include <sstream>
 
-#include "frame/gradient.h"
-#include "host/picture_box.h"
-#include "host/screen.h"
+#include <corvane/frame/gradient.h>
+#include <corvane/host/picture_box.h>
+#include <corvane/host/screen.h>
 #include "pane_fixture.h"
 
 namespace corvane {

@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
-#include "host/form_file.h"
-#include "host/property_bag.h"
-#include "host/std_picture.h"
+#include <corvane/host/form_file.h>
+#include <corvane/host/property_bag.h>
+#include <corvane/host/std_picture.h>
 #include "pane_fixture.h"
-#include "runtime/class_registry.h"
+#include <corvane/runtime/class_registry.h>
 
 namespace corvane {
 namespace {

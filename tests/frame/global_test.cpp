@@ -1,4 +1,4 @@
-#include "frame/global.h"
+#include <corvane/frame/global.h>
 
 #include <gtest/gtest.h>
 

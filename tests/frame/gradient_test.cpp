@@ -1,4 +1,4 @@
-#include "frame/gradient.h"
+#include <corvane/frame/gradient.h>
 
 #include <gtest/gtest.h>
 
@@ -7,11 +7,11 @@
 #include <string>
 #include <vector>
 
-#include "host/extender.h"
-#include "host/picture_box.h"
-#include "platform/api.h"
-#include "runtime/class_registry.h"
-#include "runtime/object.h"
+#include <corvane/host/extender.h>
+#include <corvane/host/picture_box.h>
+#include <corvane/platform/api.h>
+#include <corvane/runtime/class_registry.h>
+#include <corvane/runtime/object.h>
 #include "support/desktop_fixture.h"
 
 namespace corvane {

@@ -1,4 +1,4 @@
-#include "frame/msubclass.h"
+#include <corvane/frame/msubclass.h>
 
 #include <gtest/gtest.h>
 
@@ -9,12 +9,12 @@
 #include <string>
 #include <vector>
 
-#include "frame/subclass.h"
+#include <corvane/frame/subclass.h>
 #include "frame/subclass_support.h"
-#include "host/picture_box.h"
-#include "host/screen.h"
-#include "platform/api.h"
-#include "runtime/class_registry.h"
+#include <corvane/host/picture_box.h>
+#include <corvane/host/screen.h>
+#include <corvane/platform/api.h>
+#include <corvane/runtime/class_registry.h>
 #include "support/desktop_fixture.h"
 
 namespace corvane {

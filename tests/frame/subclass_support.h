@@ -4,10 +4,10 @@
 #include <string>
 #include <vector>
 
-#include "host/hosted_control.h"
-#include "host/picture_box.h"
-#include "platform/api.h"
-#include "platform/platform.h"
+#include <corvane/host/hosted_control.h>
+#include <corvane/host/picture_box.h>
+#include <corvane/platform/api.h>
+#include <corvane/platform/platform.h>
 
 // Helpers of the window hooking tests: a top-level window whose procedure records what reaches
 // it, and a platform whose window side can be told to fail single calls.

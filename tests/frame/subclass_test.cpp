@@ -1,4 +1,4 @@
-#include "frame/subclass.h"
+#include <corvane/frame/subclass.h>
 
 #include <gtest/gtest.h>
 
@@ -6,10 +6,10 @@
 #include <vector>
 
 #include "frame/subclass_support.h"
-#include "host/form.h"
-#include "host/picture_box.h"
-#include "platform/api.h"
-#include "runtime/class_registry.h"
+#include <corvane/host/form.h>
+#include <corvane/host/picture_box.h>
+#include <corvane/platform/api.h>
+#include <corvane/runtime/class_registry.h>
 #include "support/desktop_fixture.h"
 
 namespace corvane {

@@ -1,4 +1,4 @@
-#include "frame/tile_picture.h"
+#include <corvane/frame/tile_picture.h>
 
 #include <cairo.h>
 
@@ -9,12 +9,12 @@
 #include <string>
 #include <vector>
 
-#include "host/extender.h"
-#include "host/picture_box.h"
-#include "host/property_bag.h"
-#include "host/std_font.h"
-#include "platform/api.h"
-#include "runtime/class_registry.h"
+#include <corvane/host/extender.h>
+#include <corvane/host/picture_box.h>
+#include <corvane/host/property_bag.h>
+#include <corvane/host/std_font.h>
+#include <corvane/platform/api.h>
+#include <corvane/runtime/class_registry.h>
 #include "support/desktop_fixture.h"
 
 namespace corvane {

@@ -1,11 +1,11 @@
 #include <gtest/gtest.h>
 
-#include "host/extender.h"
-#include "host/form.h"
-#include "host/picture_box.h"
-#include "host/property_bag.h"
-#include "host/screen.h"
-#include "runtime/class_registry.h"
+#include <corvane/host/extender.h>
+#include <corvane/host/form.h>
+#include <corvane/host/picture_box.h>
+#include <corvane/host/property_bag.h>
+#include <corvane/host/screen.h>
+#include <corvane/runtime/class_registry.h>
 #include "support/desktop_fixture.h"
 
 namespace corvane {

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "host/std_picture.h"
+#include <corvane/host/std_picture.h>
 #include "resources/embedded.h"
 #include "support/desktop_fixture.h"
 #include "support/png_bytes.h"

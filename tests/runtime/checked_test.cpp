@@ -1,4 +1,4 @@
-#include "runtime/checked.h"
+#include <corvane/runtime/checked.h>
 
 #include <gtest/gtest.h>
 

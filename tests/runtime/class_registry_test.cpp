@@ -1,4 +1,4 @@
-#include "runtime/class_registry.h"
+#include <corvane/runtime/class_registry.h>
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "runtime/event.h"
+#include <corvane/runtime/event.h>
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "runtime/runtime_error.h"
+#include <corvane/runtime/runtime_error.h>
 
 using namespace corvane;
 

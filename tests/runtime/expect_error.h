@@ -1,7 +1,7 @@
 #pragma once
 #include <gtest/gtest.h>
 
-#include "runtime/runtime_error.h"
+#include <corvane/runtime/runtime_error.h>
 
 namespace corvane::test {
 

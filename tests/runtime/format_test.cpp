@@ -1,4 +1,4 @@
-#include "runtime/format.h"
+#include <corvane/runtime/format.h>
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "runtime/guard.h"
+#include <corvane/runtime/guard.h>
 
 #include <gtest/gtest.h>
 
@@ -6,8 +6,8 @@
 #include <stdexcept>
 #include <string>
 
-#include "runtime/checked.h"
-#include "runtime/vb_array.h"
+#include <corvane/runtime/checked.h>
+#include <corvane/runtime/vb_array.h>
 
 using namespace corvane;
 

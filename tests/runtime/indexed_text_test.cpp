@@ -1,4 +1,4 @@
-#include "runtime/indexed_text.h"
+#include <corvane/runtime/indexed_text.h>
 
 #include <gtest/gtest.h>
 

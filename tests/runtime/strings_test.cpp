@@ -1,4 +1,4 @@
-#include "runtime/strings.h"
+#include <corvane/runtime/strings.h>
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "runtime/val.h"
+#include <corvane/runtime/val.h>
 
 #include <gtest/gtest.h>
 

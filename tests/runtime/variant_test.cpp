@@ -1,9 +1,9 @@
-#include "runtime/variant.h"
+#include <corvane/runtime/variant.h>
 
 #include <gtest/gtest.h>
 
 #include "runtime/expect_error.h"
-#include "runtime/object.h"
+#include <corvane/runtime/object.h>
 
 using namespace corvane;
 

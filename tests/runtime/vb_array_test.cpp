@@ -1,4 +1,4 @@
-#include "runtime/vb_array.h"
+#include <corvane/runtime/vb_array.h>
 
 #include <gtest/gtest.h>
 

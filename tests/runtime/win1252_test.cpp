@@ -1,4 +1,4 @@
-#include "runtime/win1252.h"
+#include <corvane/runtime/win1252.h>
 
 #include <gtest/gtest.h>
 

@@ -5,8 +5,8 @@
 
 #include "desktop/desktop.h"
 #include "desktop/gdi.h"
-#include "host/form.h"
-#include "platform/platform.h"
+#include <corvane/host/form.h>
+#include <corvane/platform/platform.h>
 
 namespace corvane::test {
 

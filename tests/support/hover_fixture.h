@@ -7,10 +7,10 @@
 #include <string>
 #include <vector>
 
-#include "host/screen.h"
-#include "host/std_picture.h"
+#include <corvane/host/screen.h>
+#include <corvane/host/std_picture.h>
 #include "support/desktop_fixture.h"
-#include "widgets/vex_hover_pic.h"
+#include <corvane/widgets/vex_hover_pic.h>
 
 namespace corvane::test {
 

@@ -2,10 +2,10 @@
 #include <memory>
 #include <string>
 
-#include "host/screen.h"
-#include "runtime/checked.h"
+#include <corvane/host/screen.h>
+#include <corvane/runtime/checked.h>
 #include "support/desktop_fixture.h"
-#include "widgets/vex_color_label.h"
+#include <corvane/widgets/vex_color_label.h>
 
 namespace corvane::test {
 

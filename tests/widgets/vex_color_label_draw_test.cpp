@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "host/extender.h"
-#include "runtime/checked.h"
+#include <corvane/host/extender.h>
+#include <corvane/runtime/checked.h>
 #include "support/label_fixture.h"
 
 namespace corvane {

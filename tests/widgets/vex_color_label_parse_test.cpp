@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "host/property_bag.h"
+#include <corvane/host/property_bag.h>
 #include "support/label_fixture.h"
 
 namespace corvane {

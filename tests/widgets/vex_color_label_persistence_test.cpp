@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "host/extender.h"
-#include "host/form_file.h"
-#include "host/property_bag.h"
-#include "runtime/class_registry.h"
+#include <corvane/host/extender.h>
+#include <corvane/host/form_file.h>
+#include <corvane/host/property_bag.h>
+#include <corvane/runtime/class_registry.h>
 #include "support/label_fixture.h"
 
 namespace corvane {

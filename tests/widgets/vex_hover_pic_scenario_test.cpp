@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/api.h"
+#include <corvane/platform/api.h>
 #include "support/hover_fixture.h"
 
 namespace corvane {

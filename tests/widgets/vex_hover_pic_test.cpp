@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "host/extender.h"
-#include "host/property_bag.h"
-#include "platform/api.h"
+#include <corvane/host/extender.h>
+#include <corvane/host/property_bag.h>
+#include <corvane/platform/api.h>
 #include "support/hover_fixture.h"
 
 namespace corvane {

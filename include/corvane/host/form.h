@@ -1,0 +1,92 @@
+#pragma once
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <corvane/host/hosted_control.h>
+#include <corvane/host/surface.h>
+#include <corvane/runtime/object.h>
+
+namespace corvane {
+
+// A top-level window of the host application that holds controls. In design mode (UserMode
+// false) it stands for a form in the designer.
+class Form : public Object {
+ public:
+  // Creates the form's window and enters it into the list of loaded forms.
+  static std::shared_ptr<Form> create(const std::string& name, float widthTwips = 6000, float heightTwips = 4500,
+                                      bool userMode = true);
+  ~Form() override;
+  std::string typeName() const override { return m_mdiParent ? "MDIForm" : "Form"; }
+
+  // A multiple-document parent form holds child forms and cannot be painted on.
+  bool isMdiParent() const { return m_mdiParent; }
+  void setMdiParent(bool v) { m_mdiParent = v; }
+
+  const std::string& Name() const { return m_name; }
+  std::string Caption() const;
+  void setCaption(const std::string& c);
+  HWND hWnd() const { return m_surface->hWnd(); }
+  Surface& surface() const { return *m_surface; }
+  bool userMode() const { return m_userMode; }
+  void setUserMode(bool v) { m_userMode = v; }
+  const FontRef& Font() const { return m_surface->Font(); }
+
+  // Position and size in twips.
+  float Left() const;
+  float Top() const;
+  void Move(float left, float top, float width = -1, float height = -1);
+
+  bool Enabled() const;
+  void setEnabled(bool v);
+  void Show();
+  void Hide();
+  // Terminates every control (last added first), destroys the window and leaves the list of forms.
+  void Unload();
+
+  // Adds a control by class name ("VexColorLabel", or an intrinsic "PictureBox"): sites it in
+  // the container (the form when nullptr) at the position and size given in the container's
+  // scale (negative size: the control's design size), then runs Initialize, InitProperties
+  // (no bag) or ReadProperties (with a bag), Resize and Show.
+  HostedControlRef add(const std::string& className, const std::string& name, HostedControl* container = nullptr,
+                       float left = 0, float top = 0, float width = -1, float height = -1, PropertyBag* bag = nullptr);
+  // The same for a control object made by the caller (a host's own control class).
+  HostedControlRef add(HostedControlRef control, const std::string& className, const std::string& name,
+                       HostedControl* container = nullptr, float left = 0, float top = 0, float width = -1,
+                       float height = -1, PropertyBag* bag = nullptr);
+  const std::vector<HostedControlRef>& controls() const { return m_controls; }
+  HostedControlRef control(const std::string& name) const;
+  std::string classNameOf(const HostedControl& c) const;
+
+  // PropertyChanged marks the form as changed.
+  bool dirty() const { return m_dirty; }
+  void setDirty(bool v) { m_dirty = v; }
+
+ protected:
+  const Dispatch* dispatch() const override;
+
+ private:
+  Form(std::string name, bool userMode);
+  LRESULT windowProc(HWND hWnd, int32_t msg, WPARAM wParam, LPARAM lParam);
+
+  std::string m_name;
+  bool m_userMode;
+  bool m_dirty = false;
+  bool m_mdiParent = false;
+  std::unique_ptr<Surface> m_surface;
+  WNDPROC m_proc = 0;
+  std::vector<HostedControlRef> m_controls;
+  std::vector<std::string> m_classNames;
+};
+
+using FormRef = std::shared_ptr<Form>;
+
+// The list of loaded forms of the application.
+class Forms {
+ public:
+  static std::vector<FormRef>& all();
+  static FormRef find(const std::string& name);  // case-insensitive; nullptr when not loaded
+  static void unloadAll();
+};
+
+}  // namespace corvane

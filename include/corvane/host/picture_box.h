@@ -1,0 +1,18 @@
+#pragma once
+#include <corvane/host/hosted_control.h>
+
+namespace corvane {
+
+// The form engine's picture box: a plain drawing surface that can also contain controls.
+class PictureBox : public HostedControl {
+ public:
+  std::string typeName() const override { return "PictureBox"; }
+  DesignForm designForm() const override { return {1215, 1215, Surface::Twips, static_cast<OLE_COLOR>(0x8000000F)}; }
+  void ReadProperties(PropertyBag& bag) override;
+  void WriteProperties(PropertyBag& bag) override;
+
+ protected:
+  const Dispatch* dispatch() const override;
+};
+
+}  // namespace corvane

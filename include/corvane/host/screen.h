@@ -1,0 +1,44 @@
+#pragma once
+#include <string>
+
+#include <corvane/runtime/object.h>
+
+namespace corvane {
+
+// The system's Screen object. Twips per pixel are read from the platform at every call.
+class Screen : public Object {
+ public:
+  static Screen& instance();
+  std::string typeName() const override { return "Screen"; }
+
+  float TwipsPerPixelX() const;
+  float TwipsPerPixelY() const;
+  float Width() const;   // twips
+  // The screen's resolution, asked of the platform at each call.
+  static int32_t pixelsPerInchX();
+  static int32_t pixelsPerInchY();
+  float Height() const;  // twips
+
+ protected:
+  const Dispatch* dispatch() const override;
+};
+
+// The system's App object.
+class App : public Object {
+ public:
+  static App& instance();
+  std::string typeName() const override { return "App"; }
+
+  std::string Path() const;     // folder of the program, without a trailing separator
+  std::string EXEName() const;  // program name without extension
+  std::string Title() const { return m_title.empty() ? EXEName() : m_title; }
+  void setTitle(const std::string& t) { m_title = t; }
+
+ protected:
+  const Dispatch* dispatch() const override;
+
+ private:
+  std::string m_title;
+};
+
+}  // namespace corvane

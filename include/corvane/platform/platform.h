@@ -1,0 +1,186 @@
+#pragma once
+#include <cstdint>
+#include <span>
+#include <string>
+#include <vector>
+
+#include <corvane/platform/types.h>
+
+// The platform layer: the drawing, window and system operations the controls use, under their
+// platform names and in their argument order. The desktop implements it; a native build could too.
+namespace corvane {
+
+// Drawing: device contexts, drawing objects, pixels, text and images.
+class GdiApi {
+ public:
+  virtual ~GdiApi() = default;
+
+  // Device contexts.
+  virtual HDC GetDC(HWND hWnd) = 0;  // 0 gives a context on the screen image
+  virtual int32_t ReleaseDC(HWND hWnd, HDC hdc) = 0;
+  virtual HDC CreateCompatibleDC(HDC hdc) = 0;
+  virtual bool DeleteDC(HDC hdc) = 0;
+  virtual int32_t GetDeviceCaps(HDC hdc, int32_t index) = 0;
+  virtual HPALETTE SelectPalette(HDC hdc, HPALETTE pal, bool forceBackground) = 0;
+  virtual int32_t RealizePalette(HDC hdc) = 0;
+
+  // Drawing objects. The creator deletes each one; liveObjectCount tells how many are alive.
+  virtual HBRUSH CreateSolidBrush(COLORREF colour) = 0;
+  virtual HPEN CreatePen(int32_t style, int32_t width, COLORREF colour) = 0;
+  virtual HFONT CreateFontIndirect(const FontSpec& font) = 0;
+  virtual HBITMAP CreateCompatibleBitmap(HDC hdc, int32_t width, int32_t height) = 0;
+  virtual HRGN CreateRectRgn(int32_t left, int32_t top, int32_t right, int32_t bottom) = 0;
+  virtual int32_t CombineRgn(HRGN dest, HRGN src1, HRGN src2, int32_t mode) = 0;
+  virtual HGDIOBJ SelectObject(HDC hdc, HGDIOBJ obj) = 0;
+  // The font a surface keeps in its own context. It belongs to the context, not to the caller,
+  // so it is no drawing object the caller must free and liveObjectCount does not count it.
+  virtual void SetDCFont(HDC hdc, const FontSpec& font) = 0;
+  virtual bool DeleteObject(HGDIOBJ obj) = 0;
+  virtual int32_t liveObjectCount() const = 0;
+
+  // Pixels and shapes. Lines and rectangles are aliased and pixel-exact.
+  virtual COLORREF SetTextColor(HDC hdc, COLORREF colour) = 0;
+  virtual COLORREF SetBkColor(HDC hdc, COLORREF colour) = 0;
+  virtual int32_t SetBkMode(HDC hdc, int32_t mode) = 0;  // 1 transparent, 2 opaque
+  virtual int32_t FillRect(HDC hdc, const RECT& rect, HBRUSH brush) = 0;   // right and bottom edge excluded
+  virtual int32_t FrameRect(HDC hdc, const RECT& rect, HBRUSH brush) = 0;  // one pixel inside the rectangle
+  virtual bool DrawEdge(HDC hdc, RECT& rect, int32_t edge, int32_t flags) = 0;
+  virtual bool RoundRect(HDC hdc, int32_t left, int32_t top, int32_t right, int32_t bottom, int32_t ellipseWidth,
+                         int32_t ellipseHeight) = 0;
+  virtual bool Rectangle(HDC hdc, int32_t left, int32_t top, int32_t right, int32_t bottom) = 0;
+  virtual bool MoveToEx(HDC hdc, int32_t x, int32_t y, POINTAPI* previous) = 0;
+  virtual bool LineTo(HDC hdc, int32_t x, int32_t y) = 0;  // end point excluded
+  virtual COLORREF SetPixel(HDC hdc, int32_t x, int32_t y, COLORREF colour) = 0;
+  virtual COLORREF GetPixel(HDC hdc, int32_t x, int32_t y) = 0;  // -1 outside
+  virtual bool BitBlt(HDC dest, int32_t x, int32_t y, int32_t width, int32_t height, HDC src, int32_t srcX,
+                      int32_t srcY, int32_t rop) = 0;
+  virtual bool StretchBlt(HDC dest, int32_t x, int32_t y, int32_t width, int32_t height, HDC src, int32_t srcX,
+                          int32_t srcY, int32_t srcWidth, int32_t srcHeight, int32_t rop) = 0;
+
+  // Text, in the font selected into the context.
+  virtual bool TextOutA(HDC hdc, int32_t x, int32_t y, const std::string& text) = 0;
+  virtual bool GetTextExtentPoint32A(HDC hdc, const std::string& text, SIZE& size) = 0;
+  virtual bool GetTextMetricsA(HDC hdc, TEXTMETRIC& metrics) = 0;
+  virtual int32_t DrawTextA(HDC hdc, const std::string& text, int32_t count, RECT& rect, int32_t flags) = 0;
+  virtual bool PathCompactPathA(HDC hdc, std::string& path, int32_t width) = 0;
+
+  // Images: bitmaps and icons.
+  virtual bool DrawStateA(HDC hdc, HBRUSH brush, int32_t reserved, int32_t image, int32_t wParam, int32_t x,
+                          int32_t y, int32_t width, int32_t height, int32_t flags) = 0;
+  virtual bool DrawIconEx(HDC hdc, int32_t x, int32_t y, HICON icon, int32_t width, int32_t height) = 0;
+  virtual HGDIOBJ LoadImageFromMemory(std::span<const unsigned char> bytes, int32_t type) = 0;  // 0 on failure
+  virtual HGDIOBJ LoadImageFromFile(const std::string& path, int32_t type) = 0;              // 0 on failure
+  virtual SIZE GetImageSize(HGDIOBJ image) = 0;  // pixels; 0 by 0 for an unknown handle
+  virtual bool DestroyIcon(HICON icon) = 0;
+  // Draws an image stretched into a box, with the transparent pixels of an icon or a mask colour
+  // (-1 for none) left out. Source coordinates are in image pixels.
+  virtual bool DrawImage(HDC hdc, HGDIOBJ image, int32_t x, int32_t y, int32_t width, int32_t height, int32_t srcX,
+                         int32_t srcY, int32_t srcWidth, int32_t srcHeight, COLORREF maskColour) = 0;
+
+  // Colours.
+  virtual COLORREF GetSysColor(int32_t index) = 0;
+  virtual void SetSysColor(int32_t index, COLORREF colour) = 0;  // for tests of colour changes
+  virtual int32_t OleTranslateColor(OLE_COLOR colour, HPALETTE palette, COLORREF& result) = 0;  // 0 is success
+
+  // An operation log per context, for tests that check which calls were made.
+  virtual void startRecording(HDC hdc) = 0;
+  virtual std::vector<std::string> stopRecording(HDC hdc) = 0;
+};
+
+// Windows, messages, input and timers.
+class UserApi {
+ public:
+  virtual ~UserApi() = default;
+
+  virtual HWND CreateWindowExA(int32_t exStyle, const std::string& className, const std::string& title,
+                               int32_t style, int32_t x, int32_t y, int32_t width, int32_t height, HWND parent,
+                               WNDPROC proc) = 0;
+  virtual bool DestroyWindow(HWND hWnd) = 0;
+  virtual bool IsWindow(HWND hWnd) = 0;
+  virtual bool IsWindowVisible(HWND hWnd) = 0;
+  virtual bool IsWindowEnabled(HWND hWnd) = 0;
+  virtual bool EnableWindow(HWND hWnd, bool enable) = 0;
+  virtual bool ShowWindow(HWND hWnd, int32_t command) = 0;
+  virtual bool MoveWindow(HWND hWnd, int32_t x, int32_t y, int32_t width, int32_t height, bool repaint) = 0;
+  virtual bool SetWindowPos(HWND hWnd, HWND after, int32_t x, int32_t y, int32_t cx, int32_t cy, int32_t flags) = 0;
+  virtual bool GetWindowRect(HWND hWnd, RECT& rect) = 0;  // screen coordinates
+  virtual bool GetClientRect(HWND hWnd, RECT& rect) = 0;
+  virtual HWND GetParent(HWND hWnd) = 0;
+  virtual HWND SetParent(HWND hWnd, HWND parent) = 0;
+  virtual std::vector<HWND> childWindows(HWND hWnd) = 0;  // bottom to top
+  virtual int32_t GetWindowLongA(HWND hWnd, int32_t index) = 0;
+  virtual int32_t SetWindowLongA(HWND hWnd, int32_t index, int32_t value) = 0;
+  virtual int32_t GetClassLongA(HWND hWnd, int32_t index) = 0;
+  virtual int32_t SetClassLongA(HWND hWnd, int32_t index, int32_t value) = 0;
+  virtual bool SetLayeredWindowAttributes(HWND hWnd, COLORREF key, uint8_t alpha, int32_t flags) = 0;
+  virtual int32_t SetWindowRgn(HWND hWnd, HRGN region, bool redraw) = 0;  // the window owns the region
+  virtual bool SetForegroundWindow(HWND hWnd) = 0;
+  virtual HWND GetForegroundWindow() = 0;
+  virtual HWND SetFocus(HWND hWnd) = 0;
+  virtual HWND GetFocus() = 0;
+  virtual bool SetWindowTextA(HWND hWnd, const std::string& text) = 0;
+  virtual std::string GetWindowTextA(HWND hWnd) = 0;
+  virtual bool InvalidateRect(HWND hWnd, const RECT* rect, bool erase) = 0;
+  virtual bool UpdateWindow(HWND hWnd) = 0;
+
+  // Window procedures and properties.
+  virtual WNDPROC RegisterWindowProc(WindowProcedure proc) = 0;
+  virtual void UnregisterWindowProc(WNDPROC proc) = 0;
+  virtual LRESULT CallWindowProcA(WNDPROC proc, HWND hWnd, int32_t msg, WPARAM wParam, LPARAM lParam) = 0;
+  virtual LRESULT DefWindowProcA(HWND hWnd, int32_t msg, WPARAM wParam, LPARAM lParam) = 0;
+  virtual LRESULT SendMessageA(HWND hWnd, int32_t msg, WPARAM wParam, LPARAM lParam) = 0;
+  virtual bool PostMessageA(HWND hWnd, int32_t msg, WPARAM wParam, LPARAM lParam) = 0;
+  virtual bool SetPropA(HWND hWnd, const std::string& name, int32_t value) = 0;
+  virtual int32_t GetPropA(HWND hWnd, const std::string& name) = 0;
+  virtual int32_t RemovePropA(HWND hWnd, const std::string& name) = 0;
+  virtual int32_t GetWindowThreadProcessId(HWND hWnd, int32_t* processId) = 0;
+  virtual int32_t GetCurrentProcessId() = 0;
+
+  // Input.
+  virtual bool GetCursorPos(POINTAPI& point) = 0;
+  virtual bool SetCursorPos(int32_t x, int32_t y) = 0;
+  virtual HWND WindowFromPoint(int32_t x, int32_t y) = 0;
+  virtual bool ScreenToClient(HWND hWnd, POINTAPI& point) = 0;
+  virtual bool ClientToScreen(HWND hWnd, POINTAPI& point) = 0;
+  virtual HWND SetCapture(HWND hWnd) = 0;
+  virtual bool ReleaseCapture() = 0;
+  virtual HWND GetCapture() = 0;
+  virtual bool ClipCursor(const RECT* rect) = 0;
+  virtual int16_t GetAsyncKeyState(int32_t key) = 0;
+  virtual bool TrackMouseEvent(TRACKMOUSEEVENT& request) = 0;
+  virtual int32_t GetSystemMetrics(int32_t index) = 0;
+
+  // Timers and the message loop.
+  virtual int32_t SetTimer(HWND hWnd, int32_t id, int32_t milliseconds) = 0;
+  virtual bool KillTimer(HWND hWnd, int32_t id) = 0;
+  virtual uint32_t GetTickCount() = 0;
+  // Delivers posted messages and due timers; returns the number of messages delivered.
+  virtual int32_t DoEvents() = 0;
+  // Waits for the next thing to do (a real wait, or a jump of the virtual clock to the next timer).
+  virtual bool WaitForWork(int32_t maxMilliseconds) = 0;
+};
+
+// System facts and services.
+class SystemApi {
+ public:
+  virtual ~SystemApi() = default;
+  virtual bool GetVersionExA(OSVERSIONINFO& info) = 0;
+  virtual int32_t GetShortPathNameA(const std::string& longPath, std::string& shortPath, int32_t bufferSize) = 0;
+  virtual bool sndPlaySoundA(const std::string& path, int32_t flags) = 0;
+  virtual std::string applicationPath() = 0;  // folder of the running program, no trailing separator
+  virtual std::string applicationName() = 0;
+};
+
+class Platform {
+ public:
+  virtual ~Platform() = default;
+  virtual GdiApi& gdi() = 0;
+  virtual UserApi& user() = 0;
+  virtual SystemApi& system() = 0;
+};
+
+// The platform in use. The desktop installs itself on first use unless another one was set.
+Platform& platform();
+void setPlatform(Platform* p);
+
+}  // namespace corvane

@@ -1,0 +1,93 @@
+#pragma once
+#include <string>
+
+#include <corvane/frame/control_base.h>
+#include <corvane/runtime/event.h>
+#include <corvane/runtime/vb_array.h>
+
+namespace corvane {
+
+// One formatted piece of a label's caption.
+struct LabelPart {
+  std::string Text;
+  int16_t Bold = 0;
+  int16_t Italic = 0;
+  int16_t Underline = 0;
+  int16_t Strikethrough = 0;
+  int16_t NewLine = 0;
+  int32_t Color = 0;
+};
+
+// The result of looking for the next tag; Kind 1 means none was found.
+struct LabelTag {
+  int32_t Kind = 1;
+  std::string Value;
+  int16_t Start = 0;
+  int16_t End = 0;
+};
+
+// A label whose caption carries inline markup: <b>, <i>, <u>, <s>, <c colour>, </c> and <br>.
+// It parses the caption into pieces on every repaint, wraps them at blanks to its width when
+// WordWrap is set, prints them one after the other and can grow to fit (Autosize).
+class VexColorLabel : public ControlBase {
+ public:
+  std::string typeName() const override { return "VexColorLabel"; }
+
+  OLE_COLOR ForeColor() const { return surface().ForeColor(); }
+  void setForeColor(OLE_COLOR value);
+  const std::string& Caption() const { return m_Caption; }
+  void setCaption(const std::string& value);
+  bool Autosize() const { return m_Autosize; }
+  void setAutosize(bool value);
+  bool WordWrap() const { return m_WordWrap; }
+  void setWordWrap(bool value);
+  FontRef Font() const { return surface().Font(); }
+  void setFont(const FontRef& value);
+  void setEnabled(bool value) override;
+  PictureRef MouseIcon() const { return surface().MouseIcon(); }
+  void setMouseIcon(const PictureRef& value);
+  int16_t MousePointer() const { return surface().MousePointer(); }
+  void setMousePointer(int16_t value);
+
+  Event<> Click, DblClick, Resize;
+  Event<int16_t&, int16_t&, float&, float&> MouseDown, MouseMove, MouseUp;
+
+  // Lifecycle.
+  void InitProperties() override;
+  void ReadProperties(PropertyBag& bag) override;
+  void WriteProperties(PropertyBag& bag) override;
+  void onResize() override;
+
+  // The parsing and drawing steps, public so that tests can follow them.
+  void DrawLabel();
+  void ParseCaption();
+  LabelTag NextTag(int32_t index) const;
+  void WrapParts();
+  void SplitText(int32_t index, int32_t avail, std::string& head, std::string& tail, std::string& flag);
+  void InsertPart(int32_t index);
+  const VbArray<LabelPart>& Parts() const { return m_Parts; }
+  bool busy() const { return m_Busy != 0; }
+
+ protected:
+  void redraw() override { DrawLabel(); }
+  void onClick() override { Click(); }
+  void onDblClick() override { DblClick(); }
+  void onMouseDown(int16_t& b, int16_t& s, float& x, float& y) override { MouseDown(b, s, x, y); }
+  void onMouseMove(int16_t& b, int16_t& s, float& x, float& y) override { MouseMove(b, s, x, y); }
+  void onMouseUp(int16_t& b, int16_t& s, float& x, float& y) override { MouseUp(b, s, x, y); }
+  const Dispatch* dispatch() const override;
+
+ private:
+  // Caption, Autosize and Font repaint twice when the first pass made the control wider.
+  void drawAfterWidthChange();
+  void applyTag(LabelPart& part, const LabelTag& tag, int32_t defaultColour) const;
+
+  std::string m_Caption;
+  bool m_Autosize = false;
+  bool m_WordWrap = false;
+  int16_t m_Busy = 0;
+  int32_t m_OldWidth = 0;
+  VbArray<LabelPart> m_Parts;
+};
+
+}  // namespace corvane
