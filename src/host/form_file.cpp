@@ -231,9 +231,7 @@ std::string FormFile::save(const Form& form) {
     return formDocument(form).dump(2);
   } catch (const FormFileError&) {
     throw;
-  } catch (const RuntimeError& e) {
-    throw FormFileError(std::string("form file: saving failed: ") + e.what());
-  } catch (const json::exception& e) {
+  } catch (const std::exception& e) {
     throw FormFileError(std::string("form file: saving failed: ") + e.what());
   }
 }
