@@ -37,13 +37,21 @@ void VexLPane::FullResizeChild() {
 void VexLPane::ReadProperties(PropertyBag& bag) {
   // Stored without a default: an absent key reads as empty, which is colour 0.
   guarded([&] { surface().setBackColor(bag.ReadProperty("BackColor").toLong()); });
+  guarded([&] {
+    m_Enabled = bag.ReadProperty("Enabled", true).toBool();
+    applyEnabledToSurface();
+  });
 }
 
 void VexLPane::WriteProperties(PropertyBag& bag) {
   guarded([&] { bag.WriteProperty("BackColor", surface().BackColor()); });
+  guarded([&] { bag.WriteProperty("Enabled", m_Enabled, true); });
 }
 
-void VexLPane::onResize() { Resize(); }
+// Guarded like every container's: an error in the host's handler stays here.
+void VexLPane::onResize() {
+  guarded([&] { Resize(); });
+}
 
 const Dispatch* VexLPane::dispatch() const {
   static const Dispatch d = [] {

@@ -14,7 +14,7 @@ constexpr OLE_COLOR kDefaultBackColor2 = 255;
 constexpr float kDefaultGradientAngle = 130;
 constexpr OLE_COLOR kDefaultCrossColor1 = 0x808080;
 constexpr OLE_COLOR kDefaultCrossColor2 = 0xFFFFFF;
-// The stored defaults of the scale keys; a new pane keeps its own scale.
+// The defaults of the scale keys, which a new pane takes as well.
 constexpr float kDefaultScaleHeight = 6300;
 constexpr float kDefaultScaleLeft = 0;
 constexpr float kDefaultScaleTop = 0;
@@ -122,6 +122,11 @@ void VexPane::InitProperties() {
   m_CrossColor2 = kDefaultCrossColor2;
   guarded([&] { surface().setMousePointer(0); });
   guarded([&] { surface().setMouseIcon(LoadPicture()); });
+  guarded([&] { surface().setScaleHeight(kDefaultScaleHeight); });
+  guarded([&] { surface().setScaleLeft(kDefaultScaleLeft); });
+  guarded([&] { surface().setScaleTop(kDefaultScaleTop); });
+  guarded([&] { surface().setScaleWidth(kDefaultScaleWidth); });
+  m_Enabled = true;
 }
 
 void VexPane::ReadProperties(PropertyBag& bag) {
@@ -143,6 +148,10 @@ void VexPane::ReadProperties(PropertyBag& bag) {
   guarded([&] { surface().setScaleLeft(bag.ReadProperty("ScaleLeft", kDefaultScaleLeft).toSingle()); });
   guarded([&] { surface().setScaleTop(bag.ReadProperty("ScaleTop", kDefaultScaleTop).toSingle()); });
   guarded([&] { surface().setScaleWidth(bag.ReadProperty("ScaleWidth", kDefaultScaleWidth).toSingle()); });
+  guarded([&] {
+    m_Enabled = bag.ReadProperty("Enabled", true).toBool();
+    applyEnabledToSurface();
+  });
   DrawPane();
 }
 
@@ -164,6 +173,7 @@ void VexPane::WriteProperties(PropertyBag& bag) {
   guarded([&] { bag.WriteProperty("ScaleLeft", surface().ScaleLeft(), kDefaultScaleLeft); });
   guarded([&] { bag.WriteProperty("ScaleTop", surface().ScaleTop(), kDefaultScaleTop); });
   guarded([&] { bag.WriteProperty("ScaleWidth", surface().ScaleWidth(), kDefaultScaleWidth); });
+  guarded([&] { bag.WriteProperty("Enabled", m_Enabled, true); });
 }
 
 void VexPane::onResize() {

@@ -1,5 +1,9 @@
 #include <corvane/frame/control_base.h>
 
+#include <memory>
+
+#include <corvane/host/control_collection.h>
+
 namespace corvane {
 
 void ControlBase::onSited() {
@@ -47,7 +51,8 @@ Dispatch ControlBase::standardDispatch() {
       .prop("CurrentX", &ControlBase::CurrentX, &ControlBase::setCurrentX)
       .prop("CurrentY", &ControlBase::CurrentY, &ControlBase::setCurrentY)
       .method("Refresh", [](ControlBase& c, Dispatch::Args&) { c.Refresh(); })
-      .get("Controls", [](ControlBase& c) { return static_cast<int32_t>(c.Controls().size()); });
+      .get("Controls",
+           [](ControlBase& c) { return ObjectRef(std::make_shared<ControlCollection>(c.Controls())); });
   return t;
 }
 

@@ -1,8 +1,10 @@
 #include <corvane/frame/gradient.h>
 
 #include <cmath>
+#include <memory>
 
 #include <corvane/platform/api.h>
+#include <corvane/runtime/array_object.h>
 #include <corvane/runtime/checked.h>
 
 namespace corvane {
@@ -178,12 +180,23 @@ const Dispatch* CGradient::dispatch() const {
     Dispatch t;
     DispatchBuilder<CGradient>(t)
         .method("Draw", [](CGradient& g, Dispatch::Args& a) { return g.Draw(a.at(0).toObject()); })
-        // A caller by name gets the number of colours; the colours themselves are an array,
-        // which a Variant does not carry.
+        // laRetColors is by reference: an array object the caller passed is filled in place;
+        // anything else in that place is replaced by a new array object, which the caller's
+        // argument list then holds.
         .method("BlendColors",
                 [](CGradient& g, Dispatch::Args& a) {
+                  if (a.size() < 3) throw RuntimeError(449, "Argument not optional");
                   VbArray<int32_t> colours;
-                  return g.BlendColors(a.at(0).toLong(), a.at(1).toLong(), a.at(2).toLong(), colours);
+                  const int32_t n = g.BlendColors(a[0].toLong(), a[1].toLong(), a[2].toLong(), colours);
+                  if (a.size() < 4) a.resize(4);
+                  auto target =
+                      std::dynamic_pointer_cast<ArrayObject>(a[3].isObject() ? a[3].toObject() : nullptr);
+                  if (!target) target = std::make_shared<ArrayObject>();
+                  target->items().redim(colours.lbound(), colours.ubound());
+                  for (int32_t i = colours.lbound(); i <= colours.ubound(); ++i)
+                    target->items()(i) = colours(i);
+                  a[3] = Variant(target);
+                  return n;
                 })
         .prop("Color1", &CGradient::Color1, &CGradient::setColor1)
         .prop("Color2", &CGradient::Color2, &CGradient::setColor2)

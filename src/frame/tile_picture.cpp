@@ -1,5 +1,6 @@
 #include <corvane/frame/tile_picture.h>
 
+#include <algorithm>
 #include <cmath>
 
 #include <corvane/host/extender.h>
@@ -29,6 +30,19 @@ bool paintable(corvane::Object* obj) {
   if (auto* ext = dynamic_cast<Extender*>(obj)) obj = &ext->control();
   if (auto* form = dynamic_cast<Form*>(obj)) return !form->isMdiParent();
   return dynamic_cast<HostedControl*>(obj) != nullptr;
+}
+
+// The walk "from, from + step, ... while the position is <= end" runs once and then ends when a
+// step leaves the range. A backward step that stays in the range (a negative tile larger than
+// the reversed surface) or a step too small to move a coordinate of the range would never end:
+// error 5.
+void checkWalkEnds(float from, float step, float end) {
+  if (step > 0) {
+    const float widest = std::max(std::fabs(from), std::fabs(end));
+    if (widest + step == widest) throw RuntimeError(err::InvalidProcedureCall);
+  } else if (from + step <= end) {
+    throw RuntimeError(err::InvalidProcedureCall);
+  }
 }
 
 }  // namespace
@@ -84,8 +98,10 @@ void clsTilePicture::Paint() {
 
 void clsTilePicture::TilePaint(float startX, float startY, float dX, float dY) {
   corvane::Object& target = targetOf(m_Object);
-  // A tile without extent would never end the loops: a Paint after Init with an empty picture.
-  if (!(m_tileWidth > 0) || !(m_tileHeight > 0)) throw RuntimeError(err::InvalidProcedureCall);
+  // A tile without extent would never end the loops (a Paint after Init with an empty picture):
+  // refused with error 5 instead. A negative extent (a reversed scale) runs the loops as they
+  // stand.
+  if (m_tileWidth == 0 || m_tileHeight == 0) throw RuntimeError(err::InvalidProcedureCall);
   const float left = scaleValue("ScaleLeft"), top = scaleValue("ScaleTop");
 
   // The ends of the ranges. A negative delta moves the start to the end, so that only the other
@@ -108,7 +124,10 @@ void clsTilePicture::TilePaint(float startX, float startY, float dX, float dY) {
     endY = dY + startY;
   }
 
-  // Tiles start at the origin in every case, so that a strip lines up with what is there.
+  // Tiles start at the origin in every case, so that a strip lines up with what is there. Both
+  // walks are checked before anything is painted: one that would never end is error 5.
+  checkWalkEnds(left, m_tileWidth, endX);
+  checkWalkEnds(top, m_tileHeight, endY);
   float y = top;
   do {
     float x = left;

@@ -1,21 +1,58 @@
 #include <corvane/host/form_file.h>
 
+#include <algorithm>
+#include <cmath>
 #include <fstream>
+#include <limits>
 #include <nlohmann/json.hpp>
 #include <sstream>
 
 #include "host/base64.h"
 #include <corvane/host/extender.h>
+#include <corvane/host/screen.h>
 #include <corvane/host/std_font.h>
 #include <corvane/host/std_picture.h>
 #include <corvane/runtime/class_registry.h>
 #include <corvane/runtime/strings.h>
+#include <corvane/runtime/utf8.h>
 
 namespace corvane {
 
 using nlohmann::json;
 
 namespace {
+
+// A window side that a real screen never needs; a form file declaring more is refused before
+// anything is created, instead of loading for seconds into gigabytes.
+constexpr double kMaxWindowSide = 16384;  // pixels
+
+bool wellFormedUtf8(const std::string& s) {
+  if (utf8::isAscii(s)) return true;
+  for (size_t i = 0; i < s.size();) {
+    const size_t n = utf8::charSize(s, i);
+    if (n == 1 && static_cast<unsigned char>(s[i]) >= 0x80) return false;
+    i += n;
+  }
+  return true;
+}
+
+// A JSON string holds UTF-8 only. Text that is no well-formed UTF-8 (a caption may hold any
+// bytes) is stored as {"base64": "<its bytes>"} and read back byte for byte.
+json encodeText(const std::string& s) {
+  if (wellFormedUtf8(s)) return json(s);
+  return json{{"base64", base64Encode(std::vector<unsigned char>(s.begin(), s.end()))}};
+}
+
+// JSON has no NaN or infinity: those are stored as the strings "NaN", "Infinity", "-Infinity".
+json encodeNumber(double d) {
+  if (std::isnan(d)) return json("NaN");
+  if (std::isinf(d)) return json(d > 0 ? "Infinity" : "-Infinity");
+  return json(d);
+}
+
+json encodePicture(const StdPicture& p) {
+  return json{{"type", p.Handle() ? p.Type() : int16_t{StdPicture::None}}, {"data", base64Encode(p.bytes())}};
+}
 
 json encodeValue(const Variant& v) {
   switch (v.type()) {
@@ -24,16 +61,19 @@ json encodeValue(const Variant& v) {
     case Variant::Type::Byte: return json{{"Byte", v.toByte()}};
     case Variant::Type::Integer: return json{{"Integer", v.toInteger()}};
     case Variant::Type::Long: return json{{"Long", v.toLong()}};
-    case Variant::Type::Single: return json{{"Single", v.toSingle()}};
-    case Variant::Type::Double: return json{{"Double", v.toDouble()}};
-    case Variant::Type::String: return json{{"String", v.toString()}};
+    case Variant::Type::Single: return json{{"Single", encodeNumber(v.toSingle())}};
+    case Variant::Type::Double: return json{{"Double", encodeNumber(v.toDouble())}};
+    case Variant::Type::String: return json{{"String", encodeText(v.toString())}};
     case Variant::Type::Object: {
       ObjectRef o = v.toObject();
       if (auto f = std::dynamic_pointer_cast<StdFont>(o))
         return json{{"Font",
-                     {{"name", f->Name()}, {"size", f->Size()}, {"bold", f->Bold()}, {"italic", f->Italic()},
+                     {{"name", encodeText(f->Name())},
+                      {"size", f->Size()},
+                      {"bold", f->Bold()},
+                      {"italic", f->Italic()},
                       {"underline", f->Underline()}, {"strikethrough", f->Strikethrough()}}}};
-      if (auto p = std::dynamic_pointer_cast<StdPicture>(o)) return json{{"Picture", base64Encode(p->bytes())}};
+      if (auto p = std::dynamic_pointer_cast<StdPicture>(o)) return json{{"Picture", encodePicture(*p)}};
       if (!o) return json{{"Nothing", nullptr}};
       throw FormFileError("a property holds an object of type " + o->typeName() + ", which a form file cannot store");
     }
@@ -56,6 +96,51 @@ const json& member(const json& obj, const char* key, json::value_t type, const s
   return v;
 }
 
+std::string decodeText(const json& v, const std::string& where) {
+  if (v.is_string()) return v.get<std::string>();
+  if (v.is_object() && v.size() == 1 && v.contains("base64") && v.at("base64").is_string()) {
+    auto bytes = base64Decode(v.at("base64").get<std::string>());
+    if (!bytes) fail(where, "text data is no base64");
+    return std::string(bytes->begin(), bytes->end());
+  }
+  fail(where, std::string("expected a string or {\"base64\": ...}, found ") + v.type_name());
+}
+
+std::string textMember(const json& obj, const char* key, const std::string& where) {
+  if (!obj.is_object() || !obj.contains(key)) fail(where, std::string("missing \"") + key + "\"");
+  return decodeText(obj.at(key), where + "." + key);
+}
+
+double decodeNumber(const json& v, const std::string& where) {
+  if (v.is_number()) return v.get<double>();
+  if (v == "NaN") return std::numeric_limits<double>::quiet_NaN();
+  if (v == "Infinity") return std::numeric_limits<double>::infinity();
+  if (v == "-Infinity") return -std::numeric_limits<double>::infinity();
+  fail(where, "the value does not fit its number type");
+}
+
+// {"type": 1 or 3, "data": "<base64>"}; a bare base64 string (older files) takes its type from
+// the bytes.
+PictureRef decodePicture(const json& v, const std::string& where) {
+  int64_t type = -1;
+  std::string data;
+  if (v.is_string()) {
+    data = v.get<std::string>();
+  } else {
+    type = member(v, "type", json::value_t::number_integer, where).get<int64_t>();
+    data = member(v, "data", json::value_t::string, where).get<std::string>();
+    if (type != StdPicture::None && type != StdPicture::Bitmap && type != StdPicture::Icon)
+      fail(where + ".type", "unknown picture type " + std::to_string(type));
+  }
+  auto bytes = base64Decode(data);
+  if (!bytes) fail(where, "picture data is no base64");
+  if (bytes->empty() || type == StdPicture::None) return StdPicture::empty();
+  auto pic = StdPicture::fromBytes(std::move(*bytes), type == StdPicture::Icon);
+  if (!pic) fail(where, "picture data is no picture");
+  if (type != -1 && pic->Type() != type) fail(where, "picture data does not fit its type");
+  return pic;
+}
+
 Variant decodeValue(const json& j, const std::string& where) {
   if (!j.is_object() || j.size() != 1) fail(where, "a value is an object with one typed entry");
   const std::string type = j.begin().key();
@@ -69,12 +154,12 @@ Variant decodeValue(const json& j, const std::string& where) {
   if (type == "Byte") { need(v.is_number_integer() && v.get<int64_t>() >= 0 && v.get<int64_t>() <= 255); return Variant(v.get<uint8_t>()); }
   if (type == "Integer") { need(v.is_number_integer() && v.get<int64_t>() >= -32768 && v.get<int64_t>() <= 32767); return Variant(v.get<int16_t>()); }
   if (type == "Long") { need(v.is_number_integer() && v.get<int64_t>() >= INT32_MIN && v.get<int64_t>() <= INT32_MAX); return Variant(v.get<int32_t>()); }
-  if (type == "Single") { need(v.is_number()); return Variant(v.get<float>()); }
-  if (type == "Double") { need(v.is_number()); return Variant(v.get<double>()); }
-  if (type == "String") { need(v.is_string()); return Variant(v.get<std::string>()); }
+  if (type == "Single") return Variant(static_cast<float>(decodeNumber(v, where)));
+  if (type == "Double") return Variant(decodeNumber(v, where));
+  if (type == "String") return Variant(decodeText(v, where));
   if (type == "Font") {
     FontSpec s;
-    s.name = member(v, "name", json::value_t::string, where).get<std::string>();
+    s.name = textMember(v, "name", where);
     s.size = member(v, "size", json::value_t::number_float, where).get<double>();
     s.bold = member(v, "bold", json::value_t::boolean, where).get<bool>();
     s.italic = member(v, "italic", json::value_t::boolean, where).get<bool>();
@@ -83,15 +168,7 @@ Variant decodeValue(const json& j, const std::string& where) {
     if (!(s.size > 0 && s.size < 2048)) fail(where, "font size out of range");
     return Variant(StdFont::create(s));
   }
-  if (type == "Picture") {
-    need(v.is_string());
-    auto bytes = base64Decode(v.get<std::string>());
-    if (!bytes) fail(where, "picture data is no base64");
-    if (bytes->empty()) return Variant(StdPicture::empty());
-    auto pic = StdPicture::fromBytes(std::move(*bytes));
-    if (!pic) fail(where, "picture data is no picture");
-    return Variant(pic);
-  }
+  if (type == "Picture") return Variant(decodePicture(v, where));
   fail(where, "unknown value type \"" + type + "\"");
 }
 
@@ -107,20 +184,26 @@ bool knownClass(const std::string& name) {
   return ClassRegistry::instance().find(name) != nullptr;
 }
 
-}  // namespace
+// A window of that many units of a scale, at pixels per unit, must stay within the largest side.
+void checkWindowSide(double units, double pixelsPerUnit, const std::string& where) {
+  const double pixels = units * pixelsPerUnit;
+  if (!(pixels <= kMaxWindowSide))
+    fail(where, "a window side of " + std::to_string(static_cast<int64_t>(std::min(pixels, 1e18))) +
+                    " pixels is larger than " + std::to_string(static_cast<int64_t>(kMaxWindowSide)));
+}
 
-std::string FormFile::save(const Form& form) {
+json formDocument(const Form& form) {
   json controls = json::array();
   for (const HostedControlRef& c : form.controls()) {
     PropertyBag bag;
     c->WriteProperties(bag);
     json props = json::array();
-    for (const auto& [k, v] : bag.entries()) props.push_back(json::array({k, encodeValue(v)}));
+    for (const auto& [k, v] : bag.entries()) props.push_back(json::array({encodeText(k), encodeValue(v)}));
     const ControlSite& site = c->controlSite();
     Extender& e = c->extenderObject();
-    controls.push_back({{"class", form.classNameOf(*c)},
-                        {"name", site.name},
-                        {"container", site.container ? site.container->controlSite().name : std::string()},
+    controls.push_back({{"class", encodeText(form.classNameOf(*c))},
+                        {"name", encodeText(site.name)},
+                        {"container", encodeText(site.container ? site.container->controlSite().name : std::string())},
                         {"left", e.Left()},
                         {"top", e.Top()},
                         {"width", e.Width()},
@@ -128,17 +211,29 @@ std::string FormFile::save(const Form& form) {
                         {"visible", e.Visible()},
                         {"properties", props}});
   }
-  json doc = {{"format", "corvane-form"},
-              {"version", 1},
-              {"form",
-               {{"name", form.Name()},
-                {"caption", form.Caption()},
-                {"width", form.surface().Width()},
-                {"height", form.surface().Height()},
-                {"backColor", form.surface().BackColor()},
-                {"font", encodeValue(Variant(form.Font()))}}},
-              {"controls", controls}};
-  return doc.dump(2);
+  return {{"format", "corvane-form"},
+          {"version", 1},
+          {"form",
+           {{"name", encodeText(form.Name())},
+            {"caption", encodeText(form.Caption())},
+            {"width", form.surface().Width()},
+            {"height", form.surface().Height()},
+            {"backColor", form.surface().BackColor()},
+            {"font", encodeValue(Variant(form.Font()))}}},
+          {"controls", controls}};
+}
+
+}  // namespace
+
+std::string FormFile::save(const Form& form) {
+  // Whatever goes wrong while storing is a form file error, never another exception.
+  try {
+    return formDocument(form).dump(2);
+  } catch (const FormFileError&) {
+    throw;
+  } catch (const std::exception& e) {
+    throw FormFileError(std::string("form file: saving failed: ") + e.what());
+  }
 }
 
 void FormFile::saveToFile(const Form& form, const std::string& path) {
@@ -169,15 +264,18 @@ FormRef FormFile::loadChecked(const std::string& text) {
 
   // Read and check everything before anything is created.
   const json& f = member(doc, "form", json::value_t::object, "document");
-  std::string name = member(f, "name", json::value_t::string, "form").get<std::string>();
-  std::string caption = member(f, "caption", json::value_t::string, "form").get<std::string>();
+  std::string name = textMember(f, "name", "form");
+  std::string caption = textMember(f, "caption", "form");
   float width = member(f, "width", json::value_t::number_float, "form").get<float>();
   float height = member(f, "height", json::value_t::number_float, "form").get<float>();
   Variant back = decodeValue(json{{"Long", member(f, "backColor", json::value_t::number_integer, "form")}}, "form.backColor");
   FontRef font = decodeValue(member(f, "font", json::value_t::object, "form"), "form.font").as<FontRef>();
   if (!font) fail("form.font", "expected a font");
   if (name.empty()) fail("form.name", "empty");
-  if (!(width >= 0 && height >= 0 && width < 1e7 && height < 1e7)) fail("form", "size out of range");
+  if (!(width >= 0 && height >= 0)) fail("form", "negative size");
+  Screen& screen = Screen::instance();
+  checkWindowSide(width, 1.0 / screen.TwipsPerPixelX(), "form.width");
+  checkWindowSide(height, 1.0 / screen.TwipsPerPixelY(), "form.height");
   if (Forms::find(name)) fail("form.name", "a form named '" + name + "' is loaded already");
 
   std::vector<ControlEntry> entries;
@@ -187,9 +285,9 @@ FormRef FormFile::loadChecked(const std::string& text) {
     const json& c = list[i];
     if (!c.is_object()) fail(where, "expected an object");
     ControlEntry e;
-    e.className = member(c, "class", json::value_t::string, where).get<std::string>();
-    e.name = member(c, "name", json::value_t::string, where).get<std::string>();
-    e.container = member(c, "container", json::value_t::string, where).get<std::string>();
+    e.className = textMember(c, "class", where);
+    e.name = textMember(c, "name", where);
+    e.container = textMember(c, "container", where);
     e.left = member(c, "left", json::value_t::number_float, where).get<float>();
     e.top = member(c, "top", json::value_t::number_float, where).get<float>();
     e.width = member(c, "width", json::value_t::number_float, where).get<float>();
@@ -198,6 +296,10 @@ FormRef FormFile::loadChecked(const std::string& text) {
     if (!knownClass(e.className)) fail(where + ".class", "unknown class '" + e.className + "'");
     if (e.name.empty()) fail(where + ".name", "empty");
     if (!(e.width >= 0 && e.height >= 0)) fail(where, "negative size");
+    if (e.container.empty()) {  // on the form, in twips; a container's own scale is checked on creation
+      checkWindowSide(e.width, 1.0 / screen.TwipsPerPixelX(), where + ".width");
+      checkWindowSide(e.height, 1.0 / screen.TwipsPerPixelY(), where + ".height");
+    }
     for (const ControlEntry& before : entries)
       if (LCase(before.name) == LCase(e.name)) fail(where + ".name", "'" + e.name + "' is used twice");
     if (!e.container.empty() &&
@@ -208,8 +310,8 @@ FormRef FormFile::loadChecked(const std::string& text) {
     for (size_t k = 0; k < props.size(); ++k) {
       std::string pw = where + ".properties[" + std::to_string(k) + "]";
       const json& p = props[k];
-      if (!p.is_array() || p.size() != 2 || !p[0].is_string()) fail(pw, "expected [key, value]");
-      e.bag->set(p[0].get<std::string>(), decodeValue(p[1], pw));
+      if (!p.is_array() || p.size() != 2) fail(pw, "expected [key, value]");
+      e.bag->set(decodeText(p[0], pw), decodeValue(p[1], pw));
     }
     entries.push_back(std::move(e));
   }
@@ -221,6 +323,9 @@ FormRef FormFile::loadChecked(const std::string& text) {
     form->surface().setFont(font);
     for (ControlEntry& e : entries) {
       HostedControl* container = e.container.empty() ? nullptr : form->control(e.container).get();
+      const Surface& place = container ? container->surface() : form->surface();
+      checkWindowSide(place.ScaleX(e.width, -1, 3), 1, e.name + ".width");
+      checkWindowSide(place.ScaleY(e.height, -1, 3), 1, e.name + ".height");
       HostedControlRef c = form->add(e.className, e.name, container, e.left, e.top, e.width, e.height, e.bag.get());
       c->extenderObject().setVisible(e.visible);
     }

@@ -84,4 +84,7 @@ PictureRef LoadResPicture(const std::string& name, int32_t) {
   throw RuntimeError(326, "Resource with identifier '" + name + "' not found");
 }
 
+// A numbered resource is the file named by its number.
+PictureRef LoadResPicture(int32_t id, int32_t type) { return LoadResPicture(std::to_string(id), type); }
+
 }  // namespace corvane

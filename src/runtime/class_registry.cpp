@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 
+#include <corvane/runtime/component_object.h>
 #include <corvane/runtime/runtime_error.h>
 
 namespace corvane {
@@ -177,7 +178,7 @@ ObjectRef ClassRegistry::create(std::string_view name) const { return make(find(
 
 ObjectRef ClassRegistry::createById(std::string_view clsid) const { return make(findById(clsid), clsid); }
 
-int64_t ClassRegistry::liveObjects() { return Object::liveCount(); }
+int64_t ClassRegistry::liveObjects() { return ComponentObject::liveCount(); }
 
 bool ClassRegistry::canUnloadNow() { return liveObjects() == 0; }
 

@@ -147,6 +147,34 @@ TEST_F(LPaneTest, HostResizingFromTheEventKeepsTheChildFitted) {
   EXPECT_EQ(placeOf(*pic).Bottom, 150);
 }
 
+TEST_F(LPaneTest, AnErrorInTheHostsResizeHandlerStaysInThePane) {
+  int resizes = 0;
+  lpane->Resize.connect([&] {
+    ++resizes;
+    throw RuntimeError(err::DivisionByZero);
+  });
+  EXPECT_NO_THROW(lpane->extenderObject().setWidth(4500));
+  EXPECT_NO_THROW(lpane->onResize());
+  EXPECT_EQ(resizes, 2);
+  EXPECT_EQ(lpane->surface().pixelWidth(), 300);
+}
+
+TEST_F(LPaneTest, EnabledIsPersistedWithDefaultTrue) {
+  PropertyBag fresh;
+  lpane->WriteProperties(fresh);
+  EXPECT_FALSE(fresh.contains("Enabled")) << "true is the default";
+  lpane->setEnabled(false);
+  PropertyBag bag;
+  lpane->WriteProperties(bag);
+  ASSERT_TRUE(bag.contains("Enabled"));
+  EXPECT_FALSE(bag.ReadProperty("Enabled").toBool());
+  auto copy = std::dynamic_pointer_cast<VexLPane>(form->add("VexLPane", "LPane2", nullptr, 0, 3000, 1500, 900, &bag));
+  EXPECT_FALSE(copy->Enabled());
+  EXPECT_FALSE(copy->surface().Enabled()) << "at run time the surface follows";
+  PropertyBag empty;
+  EXPECT_TRUE(form->add("VexLPane", "LPane3", nullptr, 0, 4500, 1500, 900, &empty)->get("Enabled").toBool());
+}
+
 TEST_F(LPaneTest, GetChildControlOfAnEmptyPaneIsAnError) {
   try {
     lpane->GetChildControl();

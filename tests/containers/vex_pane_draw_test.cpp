@@ -209,8 +209,9 @@ TEST_F(PaneDrawTest, HeadLinesAndCrossStylesLeaveTheFullSize) {
 }
 
 TEST_F(PaneDrawTest, NoneLeavesTheScaleAsItWas) {
-  EXPECT_EQ(pane->surface().ScaleMode(), Surface::Twips);
-  EXPECT_FLOAT_EQ(pane->ScaleWidth(), 3000);
+  // A new pane has the scale of its defaults, which a pane without a border keeps.
+  EXPECT_EQ(pane->surface().ScaleMode(), Surface::User);
+  EXPECT_FLOAT_EQ(pane->ScaleWidth(), 8025);
   pane->setBorderStyle(VexPane::Raised);
   pane->setBorderStyle(VexPane::None);
   EXPECT_FLOAT_EQ(pane->ScaleLeft(), 8) << "None stops before the scale is touched";

@@ -4,6 +4,7 @@
 #include <corvane/host/property_bag.h>
 #include <corvane/host/std_picture.h>
 #include "pane_fixture.h"
+#include "runtime/expect_error.h"
 #include <corvane/runtime/class_registry.h>
 
 namespace corvane {
@@ -29,7 +30,7 @@ class PaneTest : public ContainerTest {
 
 const std::vector<std::string> kPaneKeys = {"BackColor",    "BackColor2",  "Gradient",    "GradientAngle", "BorderStyle",
                                             "CrossColor1",  "CrossColor2", "MousePointer", "MouseIcon",    "ScaleHeight",
-                                            "ScaleLeft",    "ScaleTop",    "ScaleWidth"};
+                                            "ScaleLeft",    "ScaleTop",    "ScaleWidth",   "Enabled"};
 
 // ---- design form and defaults ----
 
@@ -45,6 +46,13 @@ TEST_F(PaneTest, DesignFormIsTwipsGreyAndFiveThousandWide) {
 }
 
 TEST_F(PaneTest, NewPaneHasTheStatedDefaults) {
+  // Every default of the pane's table, the scale included; only BackColor comes from the
+  // container.
+  EXPECT_FLOAT_EQ(pane->ScaleHeight(), 6300);
+  EXPECT_FLOAT_EQ(pane->ScaleLeft(), 0);
+  EXPECT_FLOAT_EQ(pane->ScaleTop(), 0);
+  EXPECT_FLOAT_EQ(pane->ScaleWidth(), 8025);
+  EXPECT_TRUE(pane->Enabled());
   EXPECT_EQ(pane->BackColor2(), 255);
   EXPECT_FALSE(pane->Gradient());
   EXPECT_FLOAT_EQ(pane->GradientAngle(), 130);
@@ -224,8 +232,9 @@ TEST_F(PaneTest, MouseEventsRelayTheirArgumentsByReference) {
   pane->MouseUp.connect([&](int16_t&, int16_t&, float&, float&) { ++ups; });
   desktop().click(kOffset + 10, kOffset + 5);
   EXPECT_EQ(gotButton, 1);
-  EXPECT_FLOAT_EQ(gotX, 150) << "in the pane's twips";
-  EXPECT_FLOAT_EQ(gotY, 75);
+  // In the pane's scale: 8025 by 6300 over 200 by 100 pixels.
+  EXPECT_FLOAT_EQ(gotX, 10 * 8025.0f / 200);
+  EXPECT_FLOAT_EQ(gotY, 5 * 6300.0f / 100);
   EXPECT_GE(moves, 1);
   EXPECT_EQ(ups, 1);
   int16_t b = 1, s = 0;
@@ -256,12 +265,11 @@ TEST_F(PaneTest, BagAfterInitPropertiesHoldsNoDefault) {
   auto fresh = addPane("Pane2", 0, 0, 1500, 900);
   PropertyBag bag;
   fresh->WriteProperties(bag);
-  // Only the scale differs from its stored default: a new pane keeps its own twips.
+  // InitProperties gives every key its stored default (the container's colour is the default
+  // colour here), and a pane without a border leaves its scale alone when it draws.
   std::vector<std::string> keys;
   for (auto& [k, v] : bag.entries()) keys.push_back(k);
-  EXPECT_EQ(keys, (std::vector<std::string>{"ScaleHeight", "ScaleWidth"}));
-  EXPECT_FLOAT_EQ(bag.ReadProperty("ScaleWidth").toSingle(), 1500);
-  EXPECT_FLOAT_EQ(bag.ReadProperty("ScaleHeight").toSingle(), 900);
+  EXPECT_EQ(keys, std::vector<std::string>{});
 }
 
 TEST_F(PaneTest, NewPaneAndOneFromAnEmptyBagAgree) {
@@ -278,9 +286,45 @@ TEST_F(PaneTest, NewPaneAndOneFromAnEmptyBagAgree) {
   EXPECT_EQ(loaded->CrossColor2(), fresh->CrossColor2());
   EXPECT_EQ(loaded->MousePointer(), fresh->MousePointer());
   EXPECT_EQ(loaded->MouseIcon()->Handle(), fresh->MouseIcon()->Handle());
-  // The scale is the surface's, not a field: an empty bag gives the stored defaults.
-  EXPECT_FLOAT_EQ(loaded->ScaleWidth(), 8025);
-  EXPECT_FLOAT_EQ(loaded->ScaleHeight(), 6300);
+  EXPECT_EQ(loaded->Enabled(), fresh->Enabled());
+  EXPECT_FLOAT_EQ(loaded->ScaleWidth(), fresh->ScaleWidth());
+  EXPECT_FLOAT_EQ(loaded->ScaleHeight(), fresh->ScaleHeight());
+  EXPECT_FLOAT_EQ(loaded->ScaleLeft(), fresh->ScaleLeft());
+  EXPECT_FLOAT_EQ(loaded->ScaleTop(), fresh->ScaleTop());
+  EXPECT_FLOAT_EQ(fresh->ScaleWidth(), 8025);
+  EXPECT_FLOAT_EQ(fresh->ScaleHeight(), 6300);
+}
+
+TEST_F(PaneTest, EnabledIsPersistedWithDefaultTrue) {
+  PropertyBag fresh;
+  pane->WriteProperties(fresh);
+  EXPECT_FALSE(fresh.contains("Enabled")) << "true is the default";
+  pane->setEnabled(false);
+  PropertyBag bag;
+  pane->WriteProperties(bag);
+  ASSERT_TRUE(bag.contains("Enabled"));
+  EXPECT_FALSE(bag.ReadProperty("Enabled").toBool());
+  auto copy = addPane("Pane2", 0, 0, 1500, 900, &bag);
+  EXPECT_FALSE(copy->Enabled());
+  EXPECT_FALSE(copy->surface().Enabled()) << "at run time the surface follows";
+  PropertyBag empty;
+  EXPECT_TRUE(addPane("Pane3", 0, 0, 1500, 900, &empty)->Enabled());
+}
+
+TEST_F(PaneTest, ControlsByNameIsACollectionWithCountAndItem) {
+  auto a = form->add("PictureBox", "Pic1", pane.get(), 0, 0, 300, 300);
+  auto b = form->add("PictureBox", "Pic2", pane.get(), 300, 0, 300, 300);
+  form->add("PictureBox", "Outside", nullptr, 0, 3000, 300, 300);
+  ObjectRef controls = pane->get("Controls").toObject();
+  ASSERT_TRUE(controls);
+  EXPECT_EQ(controls->get("Count").toLong(), 2);
+  EXPECT_EQ(controls->get("Item", {int32_t{0}}).toObject(), a->extenderRef());
+  EXPECT_EQ(controls->call("Item", {int32_t{1}}).toObject(), b->extenderRef());
+  EXPECT_EQ(controls->get("Item", {"pic2"}).toObject(), b->extenderRef()) << "by name, in any case";
+  EXPECT_RUNTIME_ERROR(controls->get("Item", {int32_t{2}}), 9);
+  EXPECT_RUNTIME_ERROR(controls->get("Item", {"Outside"}), 9);
+  EXPECT_EQ(pane->extenderObject().get("Controls").toObject()->get("Count").toLong(), 2)
+      << "through the wrapper";
 }
 
 TEST_F(PaneTest, ReadPropertiesEndsWithOneDraw) {

@@ -10,6 +10,7 @@
 #include <corvane/host/extender.h>
 #include <corvane/host/picture_box.h>
 #include <corvane/platform/api.h>
+#include <corvane/runtime/array_object.h>
 #include <corvane/runtime/class_registry.h>
 #include <corvane/runtime/object.h>
 #include "support/desktop_fixture.h"
@@ -341,9 +342,14 @@ TEST_F(GradientTest, DiagonalAtFortyFiveDegreesHasNoStairSteps) {
 }
 
 TEST_F(GradientTest, DiagonalWithAnEvenLongerSideJogsOnOneRowOnly) {
-  // With an even longer side the rounded line ends are one pixel further apart across than
-  // along, so each line takes one sideways step, all of them on the same row: the bands keep
-  // their diagonal shape, shifted once by a pixel.
+  // 60 by 40 at 45 degrees: centre (30, 20), r = (sqrt(2 * 60^2) + 2) / 2 = 43.43; turned by 135
+  // degrees the ends are (60.71, 50.71) and (-0.71, -10.71). The sweep runs horizontally from
+  // the left (xOff = -60.71), so every line runs from (k, 51) to (k - 61, -11): 62 rows down and
+  // 61 columns across. Such a line moves one column per row but once, where the rounded share
+  // of the columns, round(i * 61 / 62), stays put: from step 31 (row 20) to step 32 (row 19).
+  // All lines are the same line shifted sideways, so rows 19 and 20 are the one place where a
+  // pixel and its lower right neighbour differ: the bands keep their diagonal shape, shifted
+  // once by a pixel.
   FormRef f = makeForm(60, 40);
   CGradient g;
   g.setAngle(45);
@@ -356,7 +362,7 @@ TEST_F(GradientTest, DiagonalWithAnEvenLongerSideJogsOnOneRowOnly) {
     for (int32_t x = 0; x + 1 < 60; ++x) jog = jog || pixel(f, x, y) != pixel(f, x + 1, y + 1);
     if (jog) jogRows.push_back(y);
   }
-  EXPECT_LE(jogRows.size(), 1u);
+  EXPECT_EQ(jogRows, std::vector<int32_t>{19});
 }
 
 TEST_F(GradientTest, OffSurfaceLinesUseUpPartOfTheRamp) {
@@ -479,6 +485,31 @@ TEST_F(GradientTest, DrawGivesFalseOnAnyError) {
 }
 
 // ---- By name ----------------------------------------------------------------------------------
+
+TEST_F(GradientTest, BlendColorsByNameFillsTheCallersArray) {
+  ObjectRef g = ClassRegistry::instance().create("CGradient");
+  auto colours = std::make_shared<ArrayObject>();
+  // Red 0 to 200 in 5 steps: delta 40, the ends unchanged.
+  Dispatch::Args args{int32_t{0}, int32_t{200}, int32_t{5}, Variant(colours)};
+  EXPECT_EQ(g->invoke("BlendColors", CallType::Method, args).toLong(), 5);
+  EXPECT_EQ(args[3].toObject(), colours) << "the caller's array itself is filled";
+  ASSERT_EQ(colours->items().lbound(), 0);
+  ASSERT_EQ(colours->items().ubound(), 4);
+  std::vector<int32_t> got;
+  for (const Variant& v : colours->items()) got.push_back(v.toLong());
+  EXPECT_EQ(got, (std::vector<int32_t>{0, 40, 80, 120, 200}));
+  EXPECT_EQ(colours->get("UBound").toLong(), 4);
+  EXPECT_EQ(colours->get("Item", {int32_t{2}}).toLong(), 80);
+
+  // An argument that holds no array yet receives a new one, by reference.
+  Dispatch::Args fresh{int32_t{0}, int32_t{200}, int32_t{1}, Variant()};
+  EXPECT_EQ(g->invoke("BlendColors", CallType::Method, fresh).toLong(), 2);
+  auto made = std::dynamic_pointer_cast<ArrayObject>(fresh[3].toObject());
+  ASSERT_TRUE(made);
+  ASSERT_EQ(made->items().size(), 2u);
+  EXPECT_EQ(made->items()(0).toLong(), 0);
+  EXPECT_EQ(made->items()(1).toLong(), 200);
+}
 
 TEST_F(GradientTest, IsCreatableByNameAndCallableByName) {
   ObjectRef o = ClassRegistry::instance().create("CGradient");

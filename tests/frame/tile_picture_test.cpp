@@ -15,6 +15,7 @@
 #include <corvane/host/std_font.h>
 #include <corvane/platform/api.h>
 #include <corvane/runtime/class_registry.h>
+#include "runtime/expect_error.h"
 #include "support/desktop_fixture.h"
 
 namespace corvane {
@@ -49,6 +50,7 @@ class FakeTarget : public HostedControl {
   };
   float left = 0, top = 0, width = 100, height = 50;
   float unitsPerHiMetric = 0.1f;  // 200 HiMetric make a tile of 20
+  float xDirection = 1;           // -1: a horizontal scale that runs from right to left
   PictureRef picture;
   bool pictureFails = false;
   std::vector<Paint> paints;
@@ -72,7 +74,8 @@ class FakeTarget : public HostedControl {
                  if (f.pictureFails) throw RuntimeError(err::MemberNotFound);
                  return f.picture;
                })
-          .method("ScaleX", [scale](FakeTarget& f, Dispatch::Args& a) { return scale(f, a, "ScaleX"); })
+          .method("ScaleX",
+                  [scale](FakeTarget& f, Dispatch::Args& a) { return f.xDirection * scale(f, a, "ScaleX"); })
           .method("ScaleY", [scale](FakeTarget& f, Dispatch::Args& a) { return scale(f, a, "ScaleY"); })
           .method("PaintPicture", [](FakeTarget& f, Dispatch::Args& a) {
             EXPECT_EQ(a.at(0).as<PictureRef>(), f.picture);
@@ -358,7 +361,43 @@ TEST_F(TilePictureTest, PaintAfterAnEmptyPictureFailsInsteadOfLoopingForever) {
   target->picture = StdPicture::empty();
   tile.Init(target);
   EXPECT_EQ(tile.tileWidth(), 0.0f);
-  EXPECT_THROW(tile.Paint(), RuntimeError);
+  EXPECT_RUNTIME_ERROR(tile.Paint(), 5);
+  EXPECT_TRUE(target->paints.empty());
+}
+
+TEST_F(TilePictureTest, ReversedScalePaintsOneColumn) {
+  // The scale runs from 100 on the left to 0 on the right: a tile is -20 wide. The column loop
+  // starts at 100, and its first step to 80 already leaves the range up to 0.
+  target->left = 100;
+  target->width = -100;
+  target->xDirection = -1;
+  target->unitsPerHiMetric = 20.0f / 1270.0f;
+  tile.Init(target, picture);
+  EXPECT_EQ(tile.tileWidth(), -20.0f);
+  EXPECT_EQ(tile.tileHeight(), 20.0f);
+  tile.Paint();
+  EXPECT_EQ(corners(), grid({100}, {0, 20, 40}));
+  ASSERT_FALSE(target->paints.empty());
+  EXPECT_EQ(target->paints[0].w, -20.0f);
+  EXPECT_EQ(target->paints[0].h, 20.0f);
+}
+
+TEST_F(TilePictureTest, ReversedScaleNarrowerThanATileIsRefusedInsteadOfLoopingForever) {
+  // From 100 to 90: the step to 80 stays at or below the end for ever.
+  target->left = 100;
+  target->width = -10;
+  target->xDirection = -1;
+  target->unitsPerHiMetric = 20.0f / 1270.0f;
+  tile.Init(target, picture);
+  EXPECT_RUNTIME_ERROR(tile.Paint(), 5);
+  EXPECT_TRUE(target->paints.empty()) << "refused before anything is painted";
+}
+
+TEST_F(TilePictureTest, TileTooSmallToMoveAHugeScaleIsRefused) {
+  target->width = 1e9f;
+  target->unitsPerHiMetric = 1.0f / 1270.0f;  // a tile of 1 over a range of 1e9
+  tile.Init(target, picture);
+  EXPECT_RUNTIME_ERROR(tile.Paint(), 5);
 }
 
 // ---- Real surfaces ---------------------------------------------------------------------------

@@ -4,6 +4,7 @@
 
 #include <corvane/host/extender.h>
 #include <corvane/host/hosted_control.h>
+#include <corvane/runtime/component_object.h>
 #include <corvane/runtime/guard.h>
 
 namespace corvane {
@@ -15,7 +16,7 @@ namespace corvane {
 // Two failure regimes: drawing, persistence, layout and anything that touches the container are
 // guarded (a failing statement is skipped, nothing is reported); plain property procedures let a
 // RuntimeError go to the caller.
-class ControlBase : public HostedControl {
+class ControlBase : public HostedControl, public ComponentObject {
  public:
   // Standard members.
   int32_t hWnd() const { return surface().hWnd(); }
@@ -27,6 +28,7 @@ class ControlBase : public HostedControl {
   OLE_COLOR BackColor() const { return surface().BackColor(); }
   virtual void setBackColor(OLE_COLOR value);
   void Refresh() { surface().Refresh(); }
+  // The contained controls; by name, an object with Count and Item.
   std::vector<std::shared_ptr<Extender>> Controls() const { return ContainedControls(); }
   float CurrentX() const { return surface().CurrentX(); }
   void setCurrentX(float v) { surface().setCurrentX(v); }

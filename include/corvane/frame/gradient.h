@@ -3,6 +3,7 @@
 #include <string>
 
 #include <corvane/platform/types.h>
+#include <corvane/runtime/component_object.h>
 #include <corvane/runtime/object.h>
 #include <corvane/runtime/vb_array.h>
 
@@ -19,7 +20,7 @@ struct PointLng {
 // A two-colour linear gradient at any angle. It sweeps a one-pixel pen line, longer than any
 // diagonal of the surface, across the client area one pixel per step, one colour per line: so a
 // gradient at 45 degrees has no stair-steps, and each line costs one pen.
-class CGradient : public Object {
+class CGradient : public Object, public ComponentObject {
  public:
   std::string typeName() const override { return "CGradient"; }
 

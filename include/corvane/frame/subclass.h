@@ -7,6 +7,7 @@
 
 #include <corvane/platform/platform.h>
 #include <corvane/runtime/event.h>
+#include <corvane/runtime/component_object.h>
 #include <corvane/runtime/object.h>
 #include <corvane/runtime/vb_array.h>
 
@@ -68,7 +69,7 @@ class UncountedRefs {
 // handler may change it or stop it before the previous window procedure sees it. The hook state
 // lives on the window itself ("SSC_OLDPROC", "SSC_OBJADDR"); the object keeps the list of windows
 // it hooked, so Terminate can undo them all.
-class clsSubClass : public Object {
+class clsSubClass : public Object, public ComponentObject {
  public:
   clsSubClass();
   ~clsSubClass() override;  // runs Terminate

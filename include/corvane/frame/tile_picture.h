@@ -4,6 +4,7 @@
 #include <string>
 
 #include <corvane/host/std_picture.h>
+#include <corvane/runtime/component_object.h>
 #include <corvane/runtime/object.h>
 
 namespace corvane {
@@ -11,7 +12,7 @@ namespace corvane {
 // Repeats one picture over a surface and, after a resize, paints only the band the resize
 // uncovered. It works entirely through its target by name: Picture, ScaleX, ScaleY, ScaleLeft,
 // ScaleTop, ScaleWidth, ScaleHeight and PaintPicture.
-class clsTilePicture : public Object {
+class clsTilePicture : public Object, public ComponentObject {
  public:
   std::string typeName() const override { return "clsTilePicture"; }
 
@@ -25,8 +26,8 @@ class clsTilePicture : public Object {
   void setPicture(PictureRef pic) { m_Picture = std::move(pic); }
 
   // Sets the target and the picture (without one, the target's own picture) and measures a tile
-  // in the target's scale. An empty picture must not be followed by Paint: a tile of size 0
-  // would never end the loop.
+  // in the target's scale. A tile of size 0 (an empty picture) would never end the loops: Paint
+  // refuses it with error 5, as it does any walk that would not end.
   void Init(ObjectRef obj, std::optional<PictureRef> pic = std::nullopt);
   // Paints what the last Resize uncovered, or everything when nothing grew.
   void Paint();

@@ -16,13 +16,20 @@ class FormFileError : public std::runtime_error {
 // Form files in JSON: one form with its size and caption, and its controls in order, each with
 // class, name, container, position and size in the container's scale, visibility, and the
 // property bag its WriteProperties filled. Values carry their type:
-//   {"Long": 255}, {"String": "x"}, {"Boolean": true}, {"Font": {...}}, {"Picture": "<base64>"}.
+//   {"Long": 255}, {"String": "x"}, {"Boolean": true}, {"Font": {...}},
+//   {"Picture": {"type": 1, "data": "<base64>"}} (type 1 a bitmap, 3 an icon, 0 none).
+// Files keep what they were given: a text that is no well-formed UTF-8 (a caption may hold any
+// bytes; so may a name or a key) is stored as {"base64": "<its bytes>"} wherever a string goes,
+// and a Single or Double that is no finite number as "NaN", "Infinity" or "-Infinity".
 class FormFile {
  public:
+  // Fails with FormFileError only.
   static std::string save(const Form& form);
   static void saveToFile(const Form& form, const std::string& path);
   // Checks the whole text first and creates nothing when any part is wrong; then creates the
-  // form with its controls through ReadProperties.
+  // form with its controls through ReadProperties. A window side (the form's or a control's)
+  // above 16384 pixels is refused before anything is made: no screen needs one, and a file must
+  // not make the host load for seconds into gigabytes.
   static FormRef load(const std::string& json);
   static FormRef loadFromFile(const std::string& path);
 

@@ -51,5 +51,7 @@ using PictureRef = std::shared_ptr<StdPicture>;
 PictureRef LoadPicture(const std::string& path = {});
 // A picture from the library's own resources, by name; error 326 when there is none.
 PictureRef LoadResPicture(const std::string& name, int32_t type = 0);
+// The same by number: the toolbox bitmaps of the controls are 30000 to 30018.
+PictureRef LoadResPicture(int32_t id, int32_t type = 0);
 
 }  // namespace corvane

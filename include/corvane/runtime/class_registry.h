@@ -49,6 +49,8 @@ class ClassRegistry {
   // All classes, in the order of the component's class table.
   const std::vector<ClassInfo>& all() const { return m_classes; }
 
+  // The live objects of the public classes (DllCanUnloadNow): only objects that derive from
+  // ComponentObject count, never the host's forms, Screen or App.
   static int64_t liveObjects();
   static bool canUnloadNow();
 
