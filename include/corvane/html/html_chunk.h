@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-namespace corvane {
+namespace corvane::html {
 
 // One tag or run of text of a parsed HTML document, and a node of its tree at the same time.
 // The fields stand in their fixed order; booleans are 16-bit with true as -1. Layout results
@@ -55,4 +55,4 @@ struct HtmlChunk {
   int16_t Index = 0;  // own place in the chunk array
 };
 
-}  // namespace corvane
+}  // namespace corvane::html
