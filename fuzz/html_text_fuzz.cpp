@@ -1,11 +1,11 @@
 // Sets Text of an HTML view to arbitrary bytes: normalising, splitting, classifying, the repair,
 // the links and the tree must take any input without a crash, a hang or unbounded memory.
+#include <corvane/html/vex_html.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
-
-#include <corvane/html/vex_html.h>
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   static const auto view = [] {

@@ -62,3 +62,13 @@ TEST(HtmlSourceTest, ThreeHalvingPassesLeaveDoublesInRunsOfNineBlanksOrMore) {
 
 }  // namespace
 }  // namespace corvane::html
+
+namespace corvane::html {
+namespace {
+
+TEST(HtmlSourceTest, EntityNeedsItsSemicolonAndAnAmpersandBeforeOneIsKept) {
+  EXPECT_EQ(normaliseHtmlSource("<BODY><HTML>&lt &&gt;&&"), "<BODY><HTML>&lt &&#062;&&");
+}
+
+}  // namespace
+}  // namespace corvane::html
