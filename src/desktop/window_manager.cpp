@@ -662,7 +662,10 @@ void WindowManager::fireTimers(int64_t upTo) {
     auto db = std::find_if(m_timers.begin(), m_timers.end(), [&](const Timer& t) { return t.hwnd == b.first && t.id == b.second; });
     return da->due < db->due;
   });
-  for (auto [h, id] : due) {
+  for (const auto& entry : due) {
+    // Named copies: clang 14 cannot capture structured bindings in a lambda.
+    const auto h = entry.first;
+    const auto id = entry.second;
     auto it = std::find_if(m_timers.begin(), m_timers.end(), [&](const Timer& t) { return t.hwnd == h && t.id == id; });
     if (it == m_timers.end() || it->due > upTo) continue;  // killed or reset by an earlier handler
     it->due = upTo + it->interval;

@@ -9,6 +9,7 @@
 #include <corvane/frame/isubclass.h>
 #include <corvane/frame/subclass.h>
 #include <corvane/frame/tile_picture.h>
+#include <corvane/html/vex_html.h>
 #include <corvane/runtime/class_registry.h>
 #include <corvane/widgets/vex_color_label.h>
 #include <corvane/widgets/vex_hover_pic.h>
@@ -25,6 +26,7 @@ void registerLibraryClasses(ClassRegistry& registry) {
   registry.registerFactory("VexPane", [] { return std::make_shared<VexPane>(); });
   registry.registerFactory("VexLFrame", [] { return std::make_shared<VexLFrame>(); });
   registry.registerFactory("VexLPane", [] { return std::make_shared<VexLPane>(); });
+  registry.registerFactory("VexHTML", [] { return std::make_shared<VexHTML>(); });
 }
 
 }  // namespace corvane
