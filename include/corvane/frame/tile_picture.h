@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+#include <corvane/export.h>
 #include <corvane/host/std_picture.h>
 #include <corvane/runtime/object.h>
 
@@ -11,7 +12,7 @@ namespace corvane {
 // Repeats one picture over a surface and, after a resize, paints only the band the resize
 // uncovered. It works entirely through its target by name: Picture, ScaleX, ScaleY, ScaleLeft,
 // ScaleTop, ScaleWidth, ScaleHeight and PaintPicture.
-class clsTilePicture : public Object {
+class CORVANE_API clsTilePicture : public Object {
  public:
   std::string typeName() const override { return "clsTilePicture"; }
 

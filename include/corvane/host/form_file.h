@@ -2,13 +2,14 @@
 #include <stdexcept>
 #include <string>
 
+#include <corvane/export.h>
 #include <corvane/host/form.h>
 
 namespace corvane {
 
 // A form file that cannot be read: malformed JSON, a missing or wrongly typed entry, an unknown
 // class. The message names the place.
-class FormFileError : public std::runtime_error {
+class CORVANE_API FormFileError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
@@ -17,7 +18,7 @@ class FormFileError : public std::runtime_error {
 // class, name, container, position and size in the container's scale, visibility, and the
 // property bag its WriteProperties filled. Values carry their type:
 //   {"Long": 255}, {"String": "x"}, {"Boolean": true}, {"Font": {...}}, {"Picture": "<base64>"}.
-class FormFile {
+class CORVANE_API FormFile {
  public:
   static std::string save(const Form& form);
   static void saveToFile(const Form& form, const std::string& path);
