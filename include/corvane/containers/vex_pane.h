@@ -13,7 +13,7 @@ namespace corvane {
 // by DrawPane; keyboard and mouse are relayed to the host.
 class CORVANE_API VexPane : public ControlBase {
  public:
-  enum BorderType : int16_t {
+  enum BorderType : int16_t {  // prefixed (X11 defines None); by name: ClassRegistry::enumValue
     btNone = 0,
     btFlat = 1,
     btFrame = 2,
