@@ -3,5 +3,6 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 dir=${1:-build}; shift || true
-cmake -S . -B "$dir" -DCMAKE_BUILD_TYPE=${BUILD_TYPE:-RelWithDebInfo} "$@" >/dev/null
+# Warnings are errors in the project's own builds (the option is off for users of the package).
+cmake -S . -B "$dir" -DCMAKE_BUILD_TYPE=${BUILD_TYPE:-RelWithDebInfo} -DCORVANE_WARNINGS_AS_ERRORS=ON "$@" >/dev/null
 cmake --build "$dir" -j"$(nproc)"

@@ -24,14 +24,14 @@ std::shared_ptr<VexPane> addPane(Form& f, const std::string& name, float left, f
 
 const char* styleName(VexPane::BorderType t) {
   switch (t) {
-    case VexPane::None: return "None";
-    case VexPane::Flat: return "Flat";
-    case VexPane::Frame: return "Frame";
-    case VexPane::Inset: return "Inset";
-    case VexPane::Raised: return "Raised";
-    case VexPane::CrossSingle: return "CrossSingle";
-    case VexPane::CrossFull: return "CrossFull";
-    case VexPane::HeadLines: return "HeadLines";
+    case VexPane::btNone: return "None";
+    case VexPane::btFlat: return "Flat";
+    case VexPane::btFrame: return "Frame";
+    case VexPane::btInset: return "Inset";
+    case VexPane::btRaised: return "Raised";
+    case VexPane::btCrossSingle: return "CrossSingle";
+    case VexPane::btCrossFull: return "CrossFull";
+    case VexPane::btHeadLines: return "HeadLines";
   }
   return "?";
 }
@@ -67,17 +67,17 @@ std::vector<Scene> paneScenes() {
          auto a = addPane(*f, "panFlat", 150, 150, 2400, 1500);
          a->setBackColor(0xFFFFFF);
          a->setCrossColor1(0xC00000);
-         a->setBorderStyle(VexPane::Flat);
+         a->setBorderStyle(VexPane::btFlat);
          auto b = addPane(*f, "panCross", 2700, 150, 2400, 1500);
          b->setBackColor(0xFFFFFF);
          b->setCrossColor1(0x0000C0);
          b->setCrossColor2(0x00A000);
-         b->setBorderStyle(VexPane::CrossFull);
+         b->setBorderStyle(VexPane::btCrossFull);
          auto c = addPane(*f, "panHead", 5250, 150, 2250, 1500);
          c->setBackColor(0xFFFFFF);
          c->setCrossColor1(0x0000C0);
          c->setCrossColor2(0x00A000);
-         c->setBorderStyle(VexPane::HeadLines);
+         c->setBorderStyle(VexPane::btHeadLines);
          return f;
        }},
       {"pane_gradients", "gradients at 0, 45 and 130 degrees, without a border and with Frame",
@@ -96,7 +96,7 @@ std::vector<Scene> paneScenes() {
              p->ChangeColors(0xFFE0C0, 0x803000);
              p->setGradientAngle(angles[i]);
              p->setGradient(true);
-             if (row) p->setBorderStyle(VexPane::Frame);
+             if (row) p->setBorderStyle(VexPane::btFrame);
            }
          return f;
        }},
@@ -107,7 +107,7 @@ std::vector<Scene> paneScenes() {
          p->ChangeColors(static_cast<OLE_COLOR>(0x8000000F), 0xFFFFFF);
          p->setGradientAngle(90);
          p->setGradient(true);
-         p->setBorderStyle(VexPane::Raised);
+         p->setBorderStyle(VexPane::btRaised);
          return f;
        }},
       {"lframe_states", "VexLFrame enabled (dark blue border) and disabled (grey border)",

@@ -117,7 +117,7 @@ void VexPane::InitProperties() {
   m_BackColor2 = kDefaultBackColor2;
   m_Gradient = false;
   m_GradientAngle = kDefaultGradientAngle;
-  m_BorderStyle = None;
+  m_BorderStyle = btNone;
   m_CrossColor1 = kDefaultCrossColor1;
   m_CrossColor2 = kDefaultCrossColor2;
   guarded([&] { surface().setMousePointer(0); });
@@ -135,7 +135,7 @@ void VexPane::ReadProperties(PropertyBag& bag) {
   guarded([&] { m_Gradient = bag.ReadProperty("Gradient", false).toBool(); });
   guarded([&] { m_GradientAngle = bag.ReadProperty("GradientAngle", kDefaultGradientAngle).toSingle(); });
   guarded([&] {
-    m_BorderStyle = static_cast<BorderType>(bag.ReadProperty("BorderStyle", static_cast<int16_t>(None)).toInteger());
+    m_BorderStyle = static_cast<BorderType>(bag.ReadProperty("BorderStyle", static_cast<int16_t>(btNone)).toInteger());
   });
   guarded([&] { m_CrossColor1 = bag.ReadProperty("CrossColor1", kDefaultCrossColor1).toLong(); });
   guarded([&] { m_CrossColor2 = bag.ReadProperty("CrossColor2", kDefaultCrossColor2).toLong(); });
@@ -160,7 +160,7 @@ void VexPane::WriteProperties(PropertyBag& bag) {
   guarded([&] { bag.WriteProperty("BackColor2", m_BackColor2, kDefaultBackColor2); });
   guarded([&] { bag.WriteProperty("Gradient", m_Gradient, false); });
   guarded([&] { bag.WriteProperty("GradientAngle", m_GradientAngle, kDefaultGradientAngle); });
-  guarded([&] { bag.WriteProperty("BorderStyle", static_cast<int16_t>(m_BorderStyle), static_cast<int16_t>(None)); });
+  guarded([&] { bag.WriteProperty("BorderStyle", static_cast<int16_t>(m_BorderStyle), static_cast<int16_t>(btNone)); });
   guarded([&] { bag.WriteProperty("CrossColor1", m_CrossColor1, kDefaultCrossColor1); });
   guarded([&] { bag.WriteProperty("CrossColor2", m_CrossColor2, kDefaultCrossColor2); });
   guarded([&] { bag.WriteProperty("MousePointer", surface().MousePointer(), static_cast<int16_t>(0)); });
@@ -201,7 +201,7 @@ void VexPane::DrawPane() {
     gradient.reset();
   }
 
-  if (m_BorderStyle == None) return;
+  if (m_BorderStyle == btNone) return;
 
   // Draw in twips over the real size.
   guarded([&] { surface().setScaleLeft(0); });
@@ -216,21 +216,21 @@ void VexPane::DrawPane() {
 
   OLE_COLOR cTop = 0, cRight = 0, cBottom = 0, cLeft = 0;
   switch (m_BorderStyle) {
-    case Flat:
+    case btFlat:
       cTop = cRight = cBottom = cLeft = m_CrossColor1;
       break;
-    case Frame:
-    case Inset:
+    case btFrame:
+    case btInset:
       cTop = kShadow, cRight = kLight, cBottom = kLight, cLeft = kShadow;
       break;
-    case Raised:
+    case btRaised:
       cTop = kLight, cRight = kShadow, cBottom = kShadow, cLeft = kLight;
       break;
     default:
       break;
   }
 
-  if (m_BorderStyle == HeadLines) {
+  if (m_BorderStyle == btHeadLines) {
     // A double rule across the middle, indented 17 pixels on the left.
     float y = (bottom / 2) - ty();
     line(17 * tx(), y, right, y, m_CrossColor1);
@@ -240,7 +240,7 @@ void VexPane::DrawPane() {
     return;
   }
 
-  if (m_BorderStyle == CrossSingle || m_BorderStyle == CrossFull) {
+  if (m_BorderStyle == btCrossSingle || m_BorderStyle == btCrossFull) {
     // The offsets mix the horizontal and the vertical factor on purpose: the ornament at the
     // bottom right is no exact mirror of the one at the top left.
     float hw = right / 2, hh = bottom / 2;
@@ -248,7 +248,7 @@ void VexPane::DrawPane() {
     line(left + 50, top + 190, hw - hw / 2 + 60, top + 190, m_CrossColor2);
     line(left + 10 * tx(), top + 3 * ty(), left + 10 * tx(), hh, m_CrossColor2);
     line(left + 13 * tx(), 13 * tx(), left + 13 * tx(), hh - 4 * ty(), m_CrossColor1);
-    if (m_BorderStyle == CrossFull) {
+    if (m_BorderStyle == btCrossFull) {
       line(hw / 2 + hw - 3 * tx(), bottom - 13 * tx(), right - 3 * tx(), bottom - 13 * ty(), m_CrossColor2);
       line(hw / 2 + hw, bottom - 10 * tx(), right + tx(), bottom - 10 * tx(), m_CrossColor1);
       line(right - 10 * tx(), hh + tx(), right - 150, bottom - 3 * tx(), m_CrossColor2);
@@ -258,14 +258,14 @@ void VexPane::DrawPane() {
     return;
   }
 
-  if (m_BorderStyle == Flat || m_BorderStyle == Frame || m_BorderStyle == Inset || m_BorderStyle == Raised) {
+  if (m_BorderStyle == btFlat || m_BorderStyle == btFrame || m_BorderStyle == btInset || m_BorderStyle == btRaised) {
     line(left, top, right, top, cTop);
     line(right, top, right, bottom, cRight);
     line(left + 1, bottom, right + 1, bottom, cBottom);
     line(left, top, left, bottom, cLeft);
   }
 
-  if (m_BorderStyle == Frame) {
+  if (m_BorderStyle == btFrame) {
     // The groove: the same box 15 twips inward with light and shadow swapped.
     constexpr float in = 15;
     line(left + in, top + in, right - in, top + in, kLight);

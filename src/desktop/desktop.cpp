@@ -156,9 +156,4 @@ bool Desktop::sndPlaySoundA(const std::string& path, int32_t) {
   return true;
 }
 
-Platform& defaultPlatform() {
-  static Desktop desktop(Desktop::Options{.virtualClock = std::getenv("CORVANE_HEADLESS") != nullptr});
-  return desktop;
-}
-
 }  // namespace corvane

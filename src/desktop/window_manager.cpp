@@ -662,10 +662,9 @@ void WindowManager::fireTimers(int64_t upTo) {
     auto db = std::find_if(m_timers.begin(), m_timers.end(), [&](const Timer& t) { return t.hwnd == b.first && t.id == b.second; });
     return da->due < db->due;
   });
-  for (const auto& entry : due) {
-    // Named copies: clang 14 cannot capture structured bindings in a lambda.
-    const auto h = entry.first;
-    const auto id = entry.second;
+  for (const auto& timer : due) {
+    HWND h = timer.first;  // plain variables: a lambda may not capture structured bindings in C++20
+    int32_t id = timer.second;
     auto it = std::find_if(m_timers.begin(), m_timers.end(), [&](const Timer& t) { return t.hwnd == h && t.id == id; });
     if (it == m_timers.end() || it->due > upTo) continue;  // killed or reset by an earlier handler
     it->due = upTo + it->interval;

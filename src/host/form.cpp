@@ -39,6 +39,7 @@ std::shared_ptr<Form> Form::create(const std::string& name, float widthTwips, fl
 
 Form::~Form() {
   for (auto it = m_controls.rbegin(); it != m_controls.rend(); ++it) (*it)->unsite();
+  if (!currentPlatform()) return;  // the application has ended: its windows went with it
   if (m_surface) {
     HWND h = m_surface->hWnd();
     m_surface.reset();

@@ -51,7 +51,7 @@ json encodeNumber(double d) {
 }
 
 json encodePicture(const StdPicture& p) {
-  return json{{"type", p.Handle() ? p.Type() : int16_t{StdPicture::None}}, {"data", base64Encode(p.bytes())}};
+  return json{{"type", p.Handle() ? p.Type() : int16_t{StdPicture::vbPicTypeNone}}, {"data", base64Encode(p.bytes())}};
 }
 
 json encodeValue(const Variant& v) {
@@ -129,13 +129,13 @@ PictureRef decodePicture(const json& v, const std::string& where) {
   } else {
     type = member(v, "type", json::value_t::number_integer, where).get<int64_t>();
     data = member(v, "data", json::value_t::string, where).get<std::string>();
-    if (type != StdPicture::None && type != StdPicture::Bitmap && type != StdPicture::Icon)
+    if (type != StdPicture::vbPicTypeNone && type != StdPicture::vbPicTypeBitmap && type != StdPicture::vbPicTypeIcon)
       fail(where + ".type", "unknown picture type " + std::to_string(type));
   }
   auto bytes = base64Decode(data);
   if (!bytes) fail(where, "picture data is no base64");
-  if (bytes->empty() || type == StdPicture::None) return StdPicture::empty();
-  auto pic = StdPicture::fromBytes(std::move(*bytes), type == StdPicture::Icon);
+  if (bytes->empty() || type == StdPicture::vbPicTypeNone) return StdPicture::empty();
+  auto pic = StdPicture::fromBytes(std::move(*bytes), type == StdPicture::vbPicTypeIcon);
   if (!pic) fail(where, "picture data is no picture");
   if (type != -1 && pic->Type() != type) fail(where, "picture data does not fit its type");
   return pic;

@@ -42,6 +42,8 @@ void HostedControl::unsite() {
   if (!m_surface) return;
   HWND h = m_surface->hWnd();
   m_surface.reset();
+  // After the application has ended its windows are gone with the platform.
+  if (!currentPlatform()) return;
   user().DestroyWindow(h);
   user().UnregisterWindowProc(m_proc);
   m_proc = 0;

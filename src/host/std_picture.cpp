@@ -17,8 +17,9 @@ bool looksLikeIcon(const std::vector<unsigned char>& b) {
 }  // namespace
 
 StdPicture::~StdPicture() {
-  if (!m_handle) return;
-  if (m_type == Icon) gdi().DestroyIcon(m_handle);
+  // A picture that outlives the application has nothing left to release.
+  if (!m_handle || !currentPlatform()) return;
+  if (m_type == vbPicTypeIcon) gdi().DestroyIcon(m_handle);
   else gdi().DeleteObject(m_handle);
 }
 
@@ -28,7 +29,7 @@ std::shared_ptr<StdPicture> StdPicture::fromBytes(std::vector<unsigned char> byt
   if (!h) return nullptr;
   auto p = std::make_shared<StdPicture>();
   p->m_handle = h;
-  p->m_type = type == IMAGE_ICON ? Icon : Bitmap;
+  p->m_type = type == IMAGE_ICON ? vbPicTypeIcon : vbPicTypeBitmap;
   p->m_bytes = std::move(bytes);
   return p;
 }

@@ -39,7 +39,9 @@ Surface::Surface(HWND hWnd)
     : m_hWnd(hWnd), m_hdc(gdi().GetDC(hWnd)), m_font(StdFont::create()), m_erasedWidth(pixelWidth()),
       m_erasedHeight(pixelHeight()) {}
 
-Surface::~Surface() { gdi().ReleaseDC(m_hWnd, m_hdc); }
+Surface::~Surface() {
+  if (currentPlatform()) gdi().ReleaseDC(m_hWnd, m_hdc);
+}
 
 void Surface::setBackColor(OLE_COLOR c) {
   translateColor(c);

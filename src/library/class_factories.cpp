@@ -10,6 +10,7 @@
 #include <corvane/frame/subclass.h>
 #include <corvane/frame/tile_picture.h>
 #include <corvane/html/vex_html.h>
+#include <corvane/host/std_picture.h>
 #include <corvane/runtime/class_registry.h>
 #include <corvane/widgets/vex_color_label.h>
 #include <corvane/widgets/vex_hover_pic.h>
@@ -27,6 +28,19 @@ void registerLibraryClasses(ClassRegistry& registry) {
   registry.registerFactory("VexLFrame", [] { return std::make_shared<VexLFrame>(); });
   registry.registerFactory("VexLPane", [] { return std::make_shared<VexLPane>(); });
   registry.registerFactory("VexHTML", [] { return std::make_shared<VexHTML>(); });
+
+  // Enumerations under the names of the interface; the C++ members carry a prefix.
+  registry.registerEnum("BorderType", {{"None", VexPane::btNone},
+                                       {"Flat", VexPane::btFlat},
+                                       {"Frame", VexPane::btFrame},
+                                       {"Inset", VexPane::btInset},
+                                       {"Raised", VexPane::btRaised},
+                                       {"CrossSingle", VexPane::btCrossSingle},
+                                       {"CrossFull", VexPane::btCrossFull},
+                                       {"HeadLines", VexPane::btHeadLines}});
+  registry.registerEnum("PictureTypeConstants", {{"vbPicTypeNone", StdPicture::vbPicTypeNone},
+                                                 {"vbPicTypeBitmap", StdPicture::vbPicTypeBitmap},
+                                                 {"vbPicTypeIcon", StdPicture::vbPicTypeIcon}});
 }
 
 }  // namespace corvane

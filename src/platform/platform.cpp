@@ -1,15 +1,23 @@
 #include <corvane/platform/platform.h>
 
-namespace corvane {
+#include <corvane/runtime/runtime_error.h>
 
-// The built-in desktop provides the default platform (defined in desktop/desktop.cpp).
-Platform& defaultPlatform();
+namespace corvane {
 
 namespace {
 Platform* g_platform = nullptr;
 }
 
-Platform& platform() { return g_platform ? *g_platform : defaultPlatform(); }
+Platform& platform() {
+  if (!g_platform)
+    throw RuntimeError(err::ObjectNotSet,
+                       "No platform: create a corvane::Application before forms, controls, pictures or drawing",
+                       "corvane");
+  return *g_platform;
+}
+
+Platform* currentPlatform() { return g_platform; }
+
 void setPlatform(Platform* p) { g_platform = p; }
 
 }  // namespace corvane

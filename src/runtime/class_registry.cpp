@@ -178,6 +178,22 @@ ObjectRef ClassRegistry::create(std::string_view name) const { return make(find(
 
 ObjectRef ClassRegistry::createById(std::string_view clsid) const { return make(findById(clsid), clsid); }
 
+void ClassRegistry::registerEnum(std::string_view name, std::vector<std::pair<std::string, int32_t>> members) {
+  m_enums.push_back(EnumInfo{std::string(name), std::move(members)});
+}
+
+int32_t ClassRegistry::enumValue(std::string_view name) const {
+  size_t dot = name.find('.');
+  std::string_view enumName = dot == std::string_view::npos ? std::string_view{} : name.substr(0, dot);
+  std::string_view member = dot == std::string_view::npos ? name : name.substr(dot + 1);
+  for (const EnumInfo& e : m_enums) {
+    if (!enumName.empty() && !equalNoCase(e.name, enumName)) continue;
+    for (const auto& [memberName, value] : e.members)
+      if (equalNoCase(memberName, member)) return value;
+  }
+  throw RuntimeError(err::MemberNotFound, "No enumeration member '" + std::string(name) + "'");
+}
+
 int64_t ClassRegistry::liveObjects() { return ComponentObject::liveCount(); }
 
 bool ClassRegistry::canUnloadNow() { return liveObjects() == 0; }

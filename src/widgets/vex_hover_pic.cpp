@@ -17,8 +17,8 @@ constexpr int32_t kDisabledSize = 32;
 
 // A picture property counts as set when it holds an image; an empty picture is none.
 bool hasPicture(const PictureRef& p) { return p && p->Handle() != 0; }
-bool isIcon(const PictureRef& p) { return p && p->Type() == StdPicture::Icon; }
-bool isBitmap(const PictureRef& p) { return p && p->Type() == StdPicture::Bitmap; }
+bool isIcon(const PictureRef& p) { return p && p->Type() == StdPicture::vbPicTypeIcon; }
+bool isBitmap(const PictureRef& p) { return p && p->Type() == StdPicture::vbPicTypeBitmap; }
 
 PictureRef pictureFrom(const Variant& v) {
   PictureRef p = v.as<PictureRef>();
@@ -217,7 +217,7 @@ void VexHoverPic::Draw(int16_t State) {
 
   guarded([&] {
     if (!chosen) throw RuntimeError(err::ObjectNotSet);
-    if (chosen->Type() == StdPicture::Bitmap) {
+    if (chosen->Type() == StdPicture::vbPicTypeBitmap) {
       // A bitmap is the surface's background, and its own mask where the back style is transparent.
       s.setPicture(chosen);
       s.setMaskPicture(chosen);
@@ -233,7 +233,7 @@ void VexHoverPic::AdjustSize() {
   Screen& screen = Screen::instance();
   float width = s.ScaleX(static_cast<float>(m_ImageUp->Width()), Surface::HiMetric, Surface::Twips);
   float height = s.ScaleY(static_cast<float>(m_ImageUp->Height()), Surface::HiMetric, Surface::Twips);
-  if (m_ImageUp->Type() == StdPicture::Icon) {
+  if (m_ImageUp->Type() == StdPicture::vbPicTypeIcon) {
     // Room for the hover shadow.
     width += 2 * screen.TwipsPerPixelX();
     height += 2 * screen.TwipsPerPixelY();

@@ -63,34 +63,34 @@ class PaneDrawTest : public ContainerTest {
 };
 
 TEST_F(PaneDrawTest, NoneDrawsOnlyTheBackground) {
-  pane->setBorderStyle(VexPane::None);
+  pane->setBorderStyle(VexPane::btNone);
   EXPECT_TRUE(screenMatches(ExpectedImage(200, 100, kBg)));
 }
 
 TEST_F(PaneDrawTest, FlatIsASingleColourBoxInCrossColor1) {
   pane->setCrossColor1(0x0000FF);
-  pane->setBorderStyle(VexPane::Flat);
+  pane->setBorderStyle(VexPane::btFlat);
   EXPECT_TRUE(screenMatches(plainBox(0x0000FF, 0x0000FF, 0x0000FF, 0x0000FF)));
 }
 
 TEST_F(PaneDrawTest, FlatIgnoresCrossColor2) {
-  pane->setBorderStyle(VexPane::Flat);
+  pane->setBorderStyle(VexPane::btFlat);
   pane->setCrossColor2(0x00FFFF);
   EXPECT_TRUE(screenMatches(plainBox(kShadow, kShadow, kShadow, kShadow)));
 }
 
 TEST_F(PaneDrawTest, InsetIsShadowTopLeftAndLightBottomRight) {
-  pane->setBorderStyle(VexPane::Inset);
+  pane->setBorderStyle(VexPane::btInset);
   EXPECT_TRUE(screenMatches(plainBox(kShadow, kLight, kLight, kShadow)));
 }
 
 TEST_F(PaneDrawTest, RaisedIsLightTopLeftAndShadowBottomRight) {
-  pane->setBorderStyle(VexPane::Raised);
+  pane->setBorderStyle(VexPane::btRaised);
   EXPECT_TRUE(screenMatches(plainBox(kLight, kShadow, kShadow, kLight)));
 }
 
 TEST_F(PaneDrawTest, FrameAddsAGrooveFifteenTwipsInward) {
-  pane->setBorderStyle(VexPane::Frame);
+  pane->setBorderStyle(VexPane::btFrame);
   ExpectedImage e = plainBox(kShadow, kLight, kLight, kShadow);
   // Inner box: 19, 19, 2977, 1477 twips; its bottom edge runs from 20 to 2978 twips, which ends
   // on pixel 199 and so paints over the outer right edge there.
@@ -106,7 +106,7 @@ TEST_F(PaneDrawTest, FrameAddsAGrooveFifteenTwipsInward) {
 TEST_F(PaneDrawTest, HeadLinesIsADoubleRuleAcrossTheMiddle) {
   pane->setCrossColor1(0x0000C0);
   pane->setCrossColor2(0xC00000);
-  pane->setBorderStyle(VexPane::HeadLines);
+  pane->setBorderStyle(VexPane::btHeadLines);
   // y = 1492 / 2 - 15 = 731 twips (pixel 49), then 746 (pixel 50); from 17 pixels to 2992 twips.
   ExpectedImage e(200, 100, kBg);
   e.run(17, 49, 199, 49, 0x0000C0);
@@ -125,7 +125,7 @@ void topLeftOrnament(ExpectedImage& e, COLORREF c1, COLORREF c2) {
 TEST_F(PaneDrawTest, CrossSingleDrawsTheTopLeftOrnament) {
   pane->setCrossColor1(0x0000C0);
   pane->setCrossColor2(0xC00000);
-  pane->setBorderStyle(VexPane::CrossSingle);
+  pane->setBorderStyle(VexPane::btCrossSingle);
   ExpectedImage e(200, 100, kBg);
   topLeftOrnament(e, 0x0000C0, 0xC00000);
   EXPECT_TRUE(screenMatches(e));
@@ -137,7 +137,7 @@ TEST_F(PaneDrawTest, CrossSingleDrawsTheTopLeftOrnament) {
 TEST_F(PaneDrawTest, CrossFullAddsTheBottomRightOrnament) {
   pane->setCrossColor1(0x0000C0);
   pane->setCrossColor2(0xC00000);
-  pane->setBorderStyle(VexPane::CrossFull);
+  pane->setBorderStyle(VexPane::btCrossFull);
   ExpectedImage e(200, 100, kBg);
   topLeftOrnament(e, 0x0000C0, 0xC00000);
   e.run(147, 86, 196, 86, 0xC00000);   // (2199, 1297) to (2947, 1297)
@@ -151,7 +151,7 @@ TEST_F(PaneDrawTest, CrossFullAddsTheBottomRightOrnament) {
 }
 
 TEST_F(PaneDrawTest, FrameDrawsEightLinesAndInsetFour) {
-  pane->setBorderStyle(VexPane::Frame);
+  pane->setBorderStyle(VexPane::btFrame);
   auto frame = linesDrawn(pane->hdc(), [&] { pane->DrawPane(); });
   EXPECT_EQ(frame, (std::vector<std::vector<int>>{{0, 0, 199, 0},
                                                   {199, 0, 199, 99},
@@ -161,15 +161,15 @@ TEST_F(PaneDrawTest, FrameDrawsEightLinesAndInsetFour) {
                                                   {198, 1, 198, 98},
                                                   {1, 98, 199, 98},
                                                   {1, 1, 1, 98}}));
-  pane->setBorderStyle(VexPane::Inset);
+  pane->setBorderStyle(VexPane::btInset);
   auto inset = linesDrawn(pane->hdc(), [&] { pane->DrawPane(); });
   EXPECT_EQ(inset, (std::vector<std::vector<int>>{{0, 0, 199, 0}, {199, 0, 199, 99}, {0, 99, 200, 99}, {0, 0, 0, 99}}));
 }
 
 TEST_F(PaneDrawTest, LineCountsOfEveryStyle) {
   const std::vector<std::pair<VexPane::BorderType, size_t>> expected = {
-      {VexPane::None, 0},   {VexPane::Flat, 4},        {VexPane::Frame, 8},     {VexPane::Inset, 4},
-      {VexPane::Raised, 4}, {VexPane::CrossSingle, 4}, {VexPane::CrossFull, 8}, {VexPane::HeadLines, 2}};
+      {VexPane::btNone, 0},   {VexPane::btFlat, 4},        {VexPane::btFrame, 8},     {VexPane::btInset, 4},
+      {VexPane::btRaised, 4}, {VexPane::btCrossSingle, 4}, {VexPane::btCrossFull, 8}, {VexPane::btHeadLines, 2}};
   for (auto [style, count] : expected) {
     pane->setBorderStyle(style);
     EXPECT_EQ(linesDrawn(pane->hdc(), [&] { pane->DrawPane(); }).size(), count) << "style " << style;
@@ -177,8 +177,8 @@ TEST_F(PaneDrawTest, LineCountsOfEveryStyle) {
 }
 
 TEST_F(PaneDrawTest, DrawPaneClearsFirst) {
-  pane->setBorderStyle(VexPane::CrossFull);
-  pane->setBorderStyle(VexPane::HeadLines);
+  pane->setBorderStyle(VexPane::btCrossFull);
+  pane->setBorderStyle(VexPane::btHeadLines);
   ExpectedImage e(200, 100, kBg);
   e.run(17, 49, 199, 49, kShadow);
   e.run(17, 50, 199, 50, kLight);
@@ -188,7 +188,7 @@ TEST_F(PaneDrawTest, DrawPaneClearsFirst) {
 // ---- scale ----
 
 TEST_F(PaneDrawTest, PlainFramesEndWithTheInnerScale) {
-  for (auto style : {VexPane::Flat, VexPane::Frame, VexPane::Inset, VexPane::Raised}) {
+  for (auto style : {VexPane::btFlat, VexPane::btFrame, VexPane::btInset, VexPane::btRaised}) {
     pane->setBorderStyle(style);
     EXPECT_FLOAT_EQ(pane->ScaleLeft(), 8) << style;
     EXPECT_FLOAT_EQ(pane->ScaleTop(), 8) << style;
@@ -198,8 +198,8 @@ TEST_F(PaneDrawTest, PlainFramesEndWithTheInnerScale) {
 }
 
 TEST_F(PaneDrawTest, HeadLinesAndCrossStylesLeaveTheFullSize) {
-  for (auto style : {VexPane::HeadLines, VexPane::CrossSingle, VexPane::CrossFull}) {
-    pane->setBorderStyle(VexPane::Flat);  // start from the inner scale
+  for (auto style : {VexPane::btHeadLines, VexPane::btCrossSingle, VexPane::btCrossFull}) {
+    pane->setBorderStyle(VexPane::btFlat);  // start from the inner scale
     pane->setBorderStyle(style);
     EXPECT_FLOAT_EQ(pane->ScaleLeft(), 0) << style;
     EXPECT_FLOAT_EQ(pane->ScaleTop(), 0) << style;
@@ -212,14 +212,14 @@ TEST_F(PaneDrawTest, NoneLeavesTheScaleAsItWas) {
   // A new pane has the scale of its defaults, which a pane without a border keeps.
   EXPECT_EQ(pane->surface().ScaleMode(), Surface::User);
   EXPECT_FLOAT_EQ(pane->ScaleWidth(), 8025);
-  pane->setBorderStyle(VexPane::Raised);
-  pane->setBorderStyle(VexPane::None);
+  pane->setBorderStyle(VexPane::btRaised);
+  pane->setBorderStyle(VexPane::btNone);
   EXPECT_FLOAT_EQ(pane->ScaleLeft(), 8) << "None stops before the scale is touched";
   EXPECT_FLOAT_EQ(pane->ScaleWidth(), 2988);
 }
 
 TEST_F(PaneDrawTest, InnerScaleGivesTheLeftEdgeTheCoordinateEight) {
-  pane->setBorderStyle(VexPane::Frame);
+  pane->setBorderStyle(VexPane::btFrame);
   // ScaleLeft is the coordinate of the left edge: a child at (8, 8) sits on the pane's first pixel.
   auto child = form->add("PictureBox", "Pic1", pane.get(), 8, 8, 600, 300);
   RECT r;
@@ -230,7 +230,7 @@ TEST_F(PaneDrawTest, InnerScaleGivesTheLeftEdgeTheCoordinateEight) {
 
 TEST_F(PaneDrawTest, AfterResizeScaleWidthFollowsTheLastDraw) {
   PropertyBag bag;
-  bag.set("BorderStyle", static_cast<int16_t>(VexPane::Flat));
+  bag.set("BorderStyle", static_cast<int16_t>(VexPane::btFlat));
   bag.set("ScaleWidth", 8025.0f);
   bag.set("ScaleHeight", 6300.0f);
   auto loaded = addPane("Pane2", 300, 2400, 3000, 1500, &bag);
@@ -246,7 +246,7 @@ TEST_F(PaneDrawTest, AfterResizeScaleWidthFollowsTheLastDraw) {
 }
 
 TEST_F(PaneDrawTest, ResizeRedrawsTheBorderAtTheNewSize) {
-  pane->setBorderStyle(VexPane::Flat);
+  pane->setBorderStyle(VexPane::btFlat);
   pane->extenderObject().setWidth(2400);  // 160 pixels
   EXPECT_EQ(screenPixel(kOffset + 159, kOffset + 50), kShadow);
   EXPECT_EQ(screenPixel(kOffset + 158, kOffset + 50), kBg);
@@ -255,7 +255,7 @@ TEST_F(PaneDrawTest, ResizeRedrawsTheBorderAtTheNewSize) {
 // ---- guarded steps ----
 
 TEST_F(PaneDrawTest, AFailingStepIsSkippedAndTheNextRuns) {
-  pane->setBorderStyle(VexPane::Flat);
+  pane->setBorderStyle(VexPane::btFlat);
   pane->extenderObject().setWidth(0);  // ScaleWidth = Width = 0 is refused
   EXPECT_NO_THROW(pane->DrawPane());
   EXPECT_FLOAT_EQ(pane->ScaleHeight(), 1488) << "the statements after the failing one ran";
@@ -266,7 +266,7 @@ TEST_F(PaneDrawTest, UnsitedPaneDrawsNothingAndRaisesNothing) {
   auto loose = std::make_shared<VexPane>();
   EXPECT_NO_THROW(loose->DrawPane());
   EXPECT_NO_THROW(loose->setGradient(true));
-  EXPECT_NO_THROW(loose->setBorderStyle(VexPane::CrossFull));
+  EXPECT_NO_THROW(loose->setBorderStyle(VexPane::btCrossFull));
   CGradient g;
   EXPECT_FALSE(g.Draw(loose->extenderRef())) << "no extender, no gradient";
 }
@@ -326,7 +326,7 @@ TEST_F(PaneGradientTest, SystemBackColorIsResolvedByTheGradient) {
 TEST_F(PaneGradientTest, BorderIsDrawnOverTheGradient) {
   pane->setBackColor2(0x0000FF);
   pane->setGradient(true);
-  pane->setBorderStyle(VexPane::Flat);
+  pane->setBorderStyle(VexPane::btFlat);
   auto ref = reference(kBg, 0x0000FF, 130);
   EXPECT_EQ(differingPixels(*ref), 596) << "exactly the box outline differs";
   EXPECT_EQ(screenPixel(kOffset + 100, kOffset), kShadow);
@@ -362,7 +362,7 @@ TEST_F(PaneTenTwipsTest, FrameGrooveKeepsAGapOnTheTopLeftAtTenTwips) {
   // 2000 by 1000 twips: outer box on 0, 0, 199, 99; inner box 19 twips in rounds to pixel 2.
   auto p = addPane("Pane1", 200, 200, 2000, 1000);
   p->setBackColor(kBg);
-  p->setBorderStyle(VexPane::Frame);
+  p->setBorderStyle(VexPane::btFrame);
   auto lines = linesDrawn(p->hdc(), [&] { p->DrawPane(); });
   EXPECT_EQ(lines, (std::vector<std::vector<int>>{{0, 0, 199, 0},
                                                   {199, 0, 199, 99},
@@ -392,7 +392,7 @@ class PaneMixedTwipsTest : public ContainerTest {
 TEST_F(PaneMixedTwipsTest, CrossFullUsesTheFactorsAsWritten) {
   // 3000 by 1200 twips: right 2992, bottom 1192, hw 1496, hh 596.
   auto p = addPane("Pane1", 300, 240, 3000, 1200);
-  p->setBorderStyle(VexPane::CrossFull);
+  p->setBorderStyle(VexPane::btCrossFull);
   auto lines = linesDrawn(p->hdc(), [&] { p->DrawPane(); });
   EXPECT_EQ(lines, (std::vector<std::vector<int>>{
                        {0, 10, 50, 10},       // top + 10 * ty = 124
@@ -407,7 +407,7 @@ TEST_F(PaneMixedTwipsTest, CrossFullUsesTheFactorsAsWritten) {
 
 TEST_F(PaneMixedTwipsTest, HeadLinesStepByTheVerticalFactor) {
   auto p = addPane("Pane1", 300, 240, 3000, 1200);
-  p->setBorderStyle(VexPane::HeadLines);
+  p->setBorderStyle(VexPane::btHeadLines);
   auto lines = linesDrawn(p->hdc(), [&] { p->DrawPane(); });
   // y = 1192 / 2 - 12 = 584 (pixel 48.67 -> 49), then 596 (49.67 -> 50); x from 17 * 15 twips.
   EXPECT_EQ(lines, (std::vector<std::vector<int>>{{17, 49, 199, 49}, {17, 50, 199, 50}}));

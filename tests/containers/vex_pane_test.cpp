@@ -56,7 +56,7 @@ TEST_F(PaneTest, NewPaneHasTheStatedDefaults) {
   EXPECT_EQ(pane->BackColor2(), 255);
   EXPECT_FALSE(pane->Gradient());
   EXPECT_FLOAT_EQ(pane->GradientAngle(), 130);
-  EXPECT_EQ(pane->BorderStyle(), VexPane::None);
+  EXPECT_EQ(pane->BorderStyle(), VexPane::btNone);
   EXPECT_EQ(pane->CrossColor1(), 0x808080);
   EXPECT_EQ(pane->CrossColor2(), 0xFFFFFF);
   EXPECT_EQ(pane->MousePointer(), 0);
@@ -90,7 +90,7 @@ TEST_F(PaneTest, ContainerWithoutBackColorLeavesThePaneUsable) {
   auto inner = std::dynamic_pointer_cast<VexPane>(form->add("VexPane", "Inner", host.get(), 0, 0, 1500, 900));
   ASSERT_TRUE(inner);
   EXPECT_EQ(inner->BackColor(), 0xC0C0C0) << "the design colour stays";
-  EXPECT_NO_THROW(inner->setBorderStyle(VexPane::Raised));
+  EXPECT_NO_THROW(inner->setBorderStyle(VexPane::btRaised));
   EXPECT_FLOAT_EQ(inner->ScaleLeft(), 8);
 }
 
@@ -103,7 +103,7 @@ TEST_F(PaneTest, EverySetterReportsItsKeyEvenForAnUnchangedValue) {
   pane->setBackColor2(255);
   pane->setGradient(false);
   pane->setGradientAngle(130);
-  pane->setBorderStyle(VexPane::None);
+  pane->setBorderStyle(VexPane::btNone);
   pane->setCrossColor1(0x808080);
   pane->setCrossColor2(0xFFFFFF);
   pane->setMousePointer(0);
@@ -120,17 +120,17 @@ TEST_F(PaneTest, EverySetterReportsItsKeyEvenForAnUnchangedValue) {
 }
 
 TEST_F(PaneTest, DrawingSettersRepaintOnceEach) {
-  pane->setBorderStyle(VexPane::Flat);
+  pane->setBorderStyle(VexPane::btFlat);
   EXPECT_EQ(linesOfOneCall([&] { pane->setBackColor(0x101010); }), 4u);
   EXPECT_EQ(linesOfOneCall([&] { pane->setBackColor2(0x202020); }), 4u);
   EXPECT_EQ(linesOfOneCall([&] { pane->setGradientAngle(10); }), 4u);
   EXPECT_EQ(linesOfOneCall([&] { pane->setCrossColor1(0x303030); }), 4u);
   EXPECT_EQ(linesOfOneCall([&] { pane->setCrossColor2(0x404040); }), 4u);
-  EXPECT_EQ(linesOfOneCall([&] { pane->setBorderStyle(VexPane::Frame); }), 8u);
+  EXPECT_EQ(linesOfOneCall([&] { pane->setBorderStyle(VexPane::btFrame); }), 8u);
 }
 
 TEST_F(PaneTest, MouseAndScaleSettersDoNotRepaint) {
-  pane->setBorderStyle(VexPane::Flat);
+  pane->setBorderStyle(VexPane::btFlat);
   EXPECT_EQ(linesOfOneCall([&] { pane->setMousePointer(99); }), 0u);
   EXPECT_EQ(linesOfOneCall([&] { pane->setScaleWidth(500); }), 0u);
   EXPECT_FLOAT_EQ(pane->ScaleWidth(), 500);
@@ -139,7 +139,7 @@ TEST_F(PaneTest, MouseAndScaleSettersDoNotRepaint) {
 }
 
 TEST_F(PaneTest, ChangeColorsSetsBothWithOneRepaint) {
-  pane->setBorderStyle(VexPane::Flat);
+  pane->setBorderStyle(VexPane::btFlat);
   pane->controlSite().changedKeys.clear();
   Variant result;
   size_t lines = linesOfOneCall([&] { result = pane->ChangeColors(0x0000FF, 0x00FF00); });
@@ -164,7 +164,7 @@ TEST_F(PaneTest, ChangeColorsByNameReturnsEmpty) {
 
 TEST_F(PaneTest, MembersAreReachableByName) {
   pane->let("BorderStyle", Variant(static_cast<int16_t>(4)));
-  EXPECT_EQ(pane->BorderStyle(), VexPane::Raised);
+  EXPECT_EQ(pane->BorderStyle(), VexPane::btRaised);
   EXPECT_EQ(pane->get("borderstyle").toInteger(), 4);
   pane->let("GradientAngle", Variant(45.5f));
   EXPECT_FLOAT_EQ(pane->get("GradientAngle").toSingle(), 45.5f);
@@ -329,23 +329,23 @@ TEST_F(PaneTest, ControlsByNameIsACollectionWithCountAndItem) {
 
 TEST_F(PaneTest, ReadPropertiesEndsWithOneDraw) {
   PropertyBag bag;
-  bag.set("BorderStyle", static_cast<int16_t>(VexPane::Frame));
+  bag.set("BorderStyle", static_cast<int16_t>(VexPane::btFrame));
   auto p = std::make_shared<VexPane>();
   form->add(p, "VexPane", "Pane2", nullptr, 0, 0, 1500, 900);
   EXPECT_EQ(linesDrawn(p->hdc(), [&] { p->ReadProperties(bag); }).size(), 8u);
-  EXPECT_EQ(p->BorderStyle(), VexPane::Frame);
+  EXPECT_EQ(p->BorderStyle(), VexPane::btFrame);
 }
 
 TEST_F(PaneTest, WrongTypedKeysAreSkipped) {
   PropertyBag bag;
   bag.set("BackColor2", "kein Wert");
   bag.set("GradientAngle", "auch nicht");
-  bag.set("BorderStyle", static_cast<int16_t>(VexPane::Raised));
+  bag.set("BorderStyle", static_cast<int16_t>(VexPane::btRaised));
   std::shared_ptr<VexPane> p;
   ASSERT_NO_THROW(p = addPane("Pane2", 0, 0, 1500, 900, &bag));
   EXPECT_EQ(p->BackColor2(), 255);
   EXPECT_FLOAT_EQ(p->GradientAngle(), 130);
-  EXPECT_EQ(p->BorderStyle(), VexPane::Raised) << "the keys after the failing ones are read";
+  EXPECT_EQ(p->BorderStyle(), VexPane::btRaised) << "the keys after the failing ones are read";
 }
 
 TEST_F(PaneTest, RoundTripThroughABag) {
@@ -353,7 +353,7 @@ TEST_F(PaneTest, RoundTripThroughABag) {
   pane->setBackColor2(0x654321);
   pane->setGradient(true);
   pane->setGradientAngle(45);
-  pane->setBorderStyle(VexPane::Raised);
+  pane->setBorderStyle(VexPane::btRaised);
   pane->setCrossColor1(0x0000FF);
   pane->setCrossColor2(0x00FF00);
   pane->setMousePointer(99);
@@ -364,7 +364,7 @@ TEST_F(PaneTest, RoundTripThroughABag) {
   EXPECT_EQ(copy->BackColor2(), 0x654321);
   EXPECT_TRUE(copy->Gradient());
   EXPECT_FLOAT_EQ(copy->GradientAngle(), 45);
-  EXPECT_EQ(copy->BorderStyle(), VexPane::Raised);
+  EXPECT_EQ(copy->BorderStyle(), VexPane::btRaised);
   EXPECT_EQ(copy->CrossColor1(), 0x0000FF);
   EXPECT_EQ(copy->CrossColor2(), 0x00FF00);
   EXPECT_EQ(copy->MousePointer(), 99);
@@ -377,7 +377,7 @@ TEST_F(PaneTest, RoundTripThroughABag) {
 }
 
 TEST_F(PaneTest, RoundTripThroughAFormFile) {
-  pane->setBorderStyle(VexPane::CrossFull);
+  pane->setBorderStyle(VexPane::btCrossFull);
   pane->setGradient(true);
   pane->setGradientAngle(130.5f);
   pane->setCrossColor2(0x0080FF);
@@ -387,7 +387,7 @@ TEST_F(PaneTest, RoundTripThroughAFormFile) {
   FormRef again = FormFile::load(text);
   auto p = std::dynamic_pointer_cast<VexPane>(again->control("Pane1"));
   ASSERT_TRUE(p);
-  EXPECT_EQ(p->BorderStyle(), VexPane::CrossFull);
+  EXPECT_EQ(p->BorderStyle(), VexPane::btCrossFull);
   EXPECT_TRUE(p->Gradient());
   EXPECT_FLOAT_EQ(p->GradientAngle(), 130.5f);
   EXPECT_EQ(p->CrossColor2(), 0x0080FF);

@@ -112,11 +112,11 @@ class FormFilePictureTest : public HoverTest {
 TEST_F(FormFilePictureTest, IconComesBackAnIconWithItsSizeAndHoverLook) {
   hover->setImageUp(upIcon());  // an icon made from PNG bytes
   hover->setIconShadow(kGreen);
-  ASSERT_EQ(hover->ImageUp()->Type(), StdPicture::Icon);
+  ASSERT_EQ(hover->ImageUp()->Type(), StdPicture::vbPicTypeIcon);
   auto loaded = roundTrip();
   ASSERT_TRUE(loaded);
   hover = loaded;
-  EXPECT_EQ(loaded->ImageUp()->Type(), StdPicture::Icon);
+  EXPECT_EQ(loaded->ImageUp()->Type(), StdPicture::vbPicTypeIcon);
   EXPECT_EQ(loaded->ImageUp()->pixelSize().cx, 20);
   EXPECT_EQ(loaded->ImageUp()->pixelSize().cy, 20);
   EXPECT_EQ(loaded->surface().pixelWidth(), 22) << "an icon leaves room for its shadow";
@@ -136,7 +136,7 @@ TEST_F(FormFilePictureTest, BitmapComesBackABitmapWithItsMaskColour) {
   auto loaded = roundTrip();
   ASSERT_TRUE(loaded);
   hover = loaded;
-  EXPECT_EQ(loaded->ImageUp()->Type(), StdPicture::Bitmap);
+  EXPECT_EQ(loaded->ImageUp()->Type(), StdPicture::vbPicTypeBitmap);
   EXPECT_EQ(loaded->surface().pixelWidth(), 20);
   EXPECT_EQ(loaded->surface().MaskPicture(), loaded->ImageUp());
   EXPECT_TRUE(near(px(2, 2), kFormColour)) << "the mask colour falls away";

@@ -28,7 +28,7 @@ std::vector<unsigned char> pngBytes(int w, int h) {
 TEST_F(PictureTest, SizeIsGivenInHiMetric) {
   auto p = StdPicture::fromBytes(pngBytes(96, 48));
   ASSERT_TRUE(p);
-  EXPECT_EQ(p->Type(), StdPicture::Bitmap);
+  EXPECT_EQ(p->Type(), StdPicture::vbPicTypeBitmap);
   EXPECT_EQ(p->Width(), 2540) << "96 pixels are one inch at 96 pixels per inch";
   EXPECT_EQ(p->Height(), 1270);
   EXPECT_NE(p->Handle(), 0);
@@ -37,13 +37,13 @@ TEST_F(PictureTest, SizeIsGivenInHiMetric) {
 TEST_F(PictureTest, AskedAsIconAPictureKeepsItsTransparency) {
   auto p = StdPicture::fromBytes(pngBytes(16, 16), true);
   ASSERT_TRUE(p);
-  EXPECT_EQ(p->Type(), StdPicture::Icon);
+  EXPECT_EQ(p->Type(), StdPicture::vbPicTypeIcon);
 }
 
 TEST_F(PictureTest, EmptyPictureHasNoHandleAndNoSize) {
   auto p = LoadPicture();
   EXPECT_EQ(p->Handle(), 0);
-  EXPECT_EQ(p->Type(), StdPicture::None);
+  EXPECT_EQ(p->Type(), StdPicture::vbPicTypeNone);
   EXPECT_EQ(p->Width(), 0);
 }
 

@@ -22,7 +22,7 @@ TEST_F(ToolboxBitmaps, OneBitmapOfSixteenByFifteenForEachControl) {
   for (int32_t id = 30000; id < 30000 + controls; ++id) {
     PictureRef p = LoadResPicture(id, 0);
     ASSERT_TRUE(p) << id;
-    EXPECT_EQ(p->Type(), StdPicture::Bitmap) << id;
+    EXPECT_EQ(p->Type(), StdPicture::vbPicTypeBitmap) << id;
     EXPECT_EQ(p->pixelSize().cx, 16) << id;
     EXPECT_EQ(p->pixelSize().cy, 15) << id;
   }

@@ -1,6 +1,7 @@
 #pragma once
 #include <cstdint>
 
+#include <corvane/export.h>
 #include <corvane/frame/control_base.h>
 #include <corvane/runtime/event.h>
 
@@ -9,7 +10,7 @@ namespace corvane {
 // A light box with a one-pixel border whose colour follows the enabled state. It has no
 // caption and no defaults of its own for a new control: Initialize takes the container's back
 // colour.
-class VexLFrame : public ControlBase {
+class CORVANE_API VexLFrame : public ControlBase {
  public:
   std::string typeName() const override { return "VexLFrame"; }
   DesignForm designForm() const override { return {3165, 1275, Surface::Pixels, static_cast<OLE_COLOR>(0x8000000F)}; }

@@ -2,6 +2,7 @@
 #include <cstdint>
 #include <memory>
 
+#include <corvane/export.h>
 #include <corvane/frame/control_base.h>
 #include <corvane/runtime/event.h>
 
@@ -9,7 +10,7 @@ namespace corvane {
 
 // A light panel that hosts one child and sizes it to its whole area when asked: on attaching,
 // and whenever the host calls FullResizeChild (typically from the Resize event).
-class VexLPane : public ControlBase {
+class CORVANE_API VexLPane : public ControlBase {
  public:
   std::string typeName() const override { return "VexLPane"; }
   DesignForm designForm() const override { return {4800, 3600, Surface::Twips, static_cast<OLE_COLOR>(0x8000000F)}; }

@@ -1,25 +1,27 @@
 #pragma once
 #include <cstdint>
 
+#include <corvane/export.h>
 #include <corvane/frame/control_base.h>
 #include <corvane/runtime/event.h>
+#include <corvane/platform/system_macros_begin.h>
 
 namespace corvane {
 
 // A plain container with a decorated background: an optional gradient fill and a border drawn
 // in one of seven line styles (three of them ornaments rather than frames). Everything is drawn
 // by DrawPane; keyboard and mouse are relayed to the host.
-class VexPane : public ControlBase {
+class CORVANE_API VexPane : public ControlBase {
  public:
-  enum BorderType : int16_t {
-    None = 0,
-    Flat = 1,
-    Frame = 2,
-    Inset = 3,
-    Raised = 4,
-    CrossSingle = 5,
-    CrossFull = 6,
-    HeadLines = 7,
+  enum BorderType : int16_t {  // prefixed (X11 defines None); by name: ClassRegistry::enumValue
+    btNone = 0,
+    btFlat = 1,
+    btFrame = 2,
+    btInset = 3,
+    btRaised = 4,
+    btCrossSingle = 5,
+    btCrossFull = 6,
+    btHeadLines = 7,
   };
 
   std::string typeName() const override { return "VexPane"; }
@@ -85,9 +87,11 @@ class VexPane : public ControlBase {
   OLE_COLOR m_BackColor2 = 255;
   bool m_Gradient = false;
   float m_GradientAngle = 130;
-  BorderType m_BorderStyle = None;
+  BorderType m_BorderStyle = btNone;
   OLE_COLOR m_CrossColor1 = 0x808080;
   OLE_COLOR m_CrossColor2 = 0xFFFFFF;
 };
 
 }  // namespace corvane
+
+#include <corvane/platform/system_macros_end.h>

@@ -2,6 +2,7 @@
 #include <string>
 #include <vector>
 
+#include <corvane/export.h>
 #include <corvane/host/extender.h>
 #include <corvane/host/hosted_control.h>
 #include <corvane/runtime/component_object.h>
@@ -16,7 +17,7 @@ namespace corvane {
 // Two failure regimes: drawing, persistence, layout and anything that touches the container are
 // guarded (a failing statement is skipped, nothing is reported); plain property procedures let a
 // RuntimeError go to the caller.
-class ControlBase : public HostedControl, public ComponentObject {
+class CORVANE_API ControlBase : public HostedControl, public ComponentObject {
  public:
   // Standard members.
   int32_t hWnd() const { return surface().hWnd(); }

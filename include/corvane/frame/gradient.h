@@ -2,6 +2,7 @@
 #include <cstdint>
 #include <string>
 
+#include <corvane/export.h>
 #include <corvane/platform/types.h>
 #include <corvane/runtime/component_object.h>
 #include <corvane/runtime/object.h>
@@ -9,18 +10,18 @@
 
 namespace corvane {
 
-struct PointSng {
+struct CORVANE_API PointSng {
   float X = 0, Y = 0;
 };
 
-struct PointLng {
+struct CORVANE_API PointLng {
   int32_t X = 0, Y = 0;
 };
 
 // A two-colour linear gradient at any angle. It sweeps a one-pixel pen line, longer than any
 // diagonal of the surface, across the client area one pixel per step, one colour per line: so a
 // gradient at 45 degrees has no stair-steps, and each line costs one pen.
-class CGradient : public Object, public ComponentObject {
+class CORVANE_API CGradient : public Object, public ComponentObject {
  public:
   std::string typeName() const override { return "CGradient"; }
 

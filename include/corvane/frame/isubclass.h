@@ -2,6 +2,7 @@
 #include <cstdint>
 #include <string>
 
+#include <corvane/export.h>
 #include <corvane/runtime/component_object.h>
 #include <corvane/runtime/object.h>
 
@@ -17,7 +18,7 @@ enum EMsgResponse : int32_t {
 // The interface of a client of MSubclass. A class that wants messages of a window derives from
 // it, overrides WindowProc, and registers for single messages with MSubclass::AttachMessage.
 // Window properties refer to a client by its id, without holding it.
-class ISubclass : public Object, public ComponentObject {
+class CORVANE_API ISubclass : public Object, public ComponentObject {
  public:
   ISubclass();
   ~ISubclass() override;

@@ -2,6 +2,7 @@
 #include <cstdint>
 #include <string>
 
+#include <corvane/export.h>
 #include <corvane/frame/isubclass.h>
 #include <corvane/platform/types.h>
 
@@ -27,46 +28,46 @@ constexpr int32_t errorBase = static_cast<int32_t>(0x80040000);
 // (no window), 13084 (window of another process), 13082 (client already registered for the
 // message), 13081 (window procedure not replaced) or 5 (a window property could not be set),
 // each after taking back what it had done.
-void AttachMessage(ISubclass& client, HWND hWnd, int32_t iMsg);
+CORVANE_API void AttachMessage(ISubclass& client, HWND hWnd, int32_t iMsg);
 // Takes client off iMsg of hWnd, unhooking the window at its last attachment. Raises nothing.
-void DetachMessage(ISubclass& client, HWND hWnd, int32_t iMsg);
+CORVANE_API void DetachMessage(ISubclass& client, HWND hWnd, int32_t iMsg);
 
 // Raises a code: above 1000 as code Or &H80040000 with its description and the source
 // "<App.Title>.WindowProc"; otherwise the plain number.
-[[noreturn]] void ErrRaise(int32_t code);
+[[noreturn]] CORVANE_API void ErrRaise(int32_t code);
 // The description of one of the library's codes; empty for other numbers.
-std::string ErrorDescription(int32_t code);
+CORVANE_API std::string ErrorDescription(int32_t code);
 // The plain code of a raised number: 13081 for 13081 Or &H80040000; other numbers unchanged.
-int32_t ErrorCode(int32_t number);
+CORVANE_API int32_t ErrorCode(int32_t number);
 
 // The window procedure of hooked windows: calls the clients of the message from the last
 // attached to the first, and the previous procedure as the first-attached client's response
 // mode says.
-LRESULT WindowProc(HWND hWnd, int32_t iMsg, WPARAM wParam, LPARAM lParam);
+CORVANE_API LRESULT WindowProc(HWND hWnd, int32_t iMsg, WPARAM wParam, LPARAM lParam);
 // The address of WindowProc on the current platform.
-WNDPROC WindowProcAddress();
+CORVANE_API WNDPROC WindowProcAddress();
 // Restores the previous procedure and clears the window's procedure key and attachment count.
-void UnhookAll(HWND hWnd);
+CORVANE_API void UnhookAll(HWND hWnd);
 
 // The message number of the client call under way (or of the last one).
-int32_t CurrentMessage();
+CORVANE_API int32_t CurrentMessage();
 // Whether the last write of a window property succeeded.
-bool LastSetPropResult();
+CORVANE_API bool LastSetPropResult();
 
 // The four kinds of window property.
-std::string AttachCountKey(HWND hWnd);
-std::string OldWindowProcKey(HWND hWnd);
-std::string MsgCountKey(HWND hWnd, int32_t iMsg);
-std::string MsgClientKey(HWND hWnd, int32_t iMsg, int32_t index);
+CORVANE_API std::string AttachCountKey(HWND hWnd);
+CORVANE_API std::string OldWindowProcKey(HWND hWnd);
+CORVANE_API std::string MsgCountKey(HWND hWnd, int32_t iMsg);
+CORVANE_API std::string MsgClientKey(HWND hWnd, int32_t iMsg, int32_t index);
 
-int32_t AttachCount(HWND hWnd);
-void setAttachCount(HWND hWnd, int32_t count);
-WNDPROC OldWindowProc(HWND hWnd);
-void setOldWindowProc(HWND hWnd, WNDPROC proc);
-int32_t MsgCount(HWND hWnd, int32_t iMsg);
-void setMsgCount(HWND hWnd, int32_t iMsg, int32_t count);
-int32_t MsgClient(HWND hWnd, int32_t iMsg, int32_t index);  // the client's id, 0 for none
-void setMsgClient(HWND hWnd, int32_t iMsg, int32_t index, int32_t clientId);
+CORVANE_API int32_t AttachCount(HWND hWnd);
+CORVANE_API void setAttachCount(HWND hWnd, int32_t count);
+CORVANE_API WNDPROC OldWindowProc(HWND hWnd);
+CORVANE_API void setOldWindowProc(HWND hWnd, WNDPROC proc);
+CORVANE_API int32_t MsgCount(HWND hWnd, int32_t iMsg);
+CORVANE_API void setMsgCount(HWND hWnd, int32_t iMsg, int32_t count);
+CORVANE_API int32_t MsgClient(HWND hWnd, int32_t iMsg, int32_t index);  // the client's id, 0 for none
+CORVANE_API void setMsgClient(HWND hWnd, int32_t iMsg, int32_t index, int32_t clientId);
 
 }  // namespace MSubclass
 

@@ -5,6 +5,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include <corvane/export.h>
 #include <corvane/platform/platform.h>
 #include <corvane/runtime/event.h>
 #include <corvane/runtime/component_object.h>
@@ -18,13 +19,13 @@ namespace subclassing {
 
 // Sets a window property. A value of 0 removes the key at once, so a count that falls to zero
 // leaves nothing behind. Returns what SetPropA returned.
-bool setWindowProp(HWND hWnd, const std::string& key, int32_t value);
+CORVANE_API bool setWindowProp(HWND hWnd, const std::string& key, int32_t value);
 
 // A module's window procedure, registered once per platform. The address is registered when it
 // is first asked for, and again when the platform is another one or no longer knows the address
 // (a fresh desktop, or an unregistered procedure): a token held by the registered closure dies
 // with the registration, which is how a stale address is noticed.
-class ModuleWindowProc {
+class CORVANE_API ModuleWindowProc {
  public:
   explicit ModuleWindowProc(WindowProcedure proc) : m_proc(std::move(proc)) {}
   WNDPROC address();
@@ -69,7 +70,7 @@ class UncountedRefs {
 // handler may change it or stop it before the previous window procedure sees it. The hook state
 // lives on the window itself ("SSC_OLDPROC", "SSC_OBJADDR"); the object keeps the list of windows
 // it hooked, so Terminate can undo them all.
-class clsSubClass : public Object, public ComponentObject {
+class CORVANE_API clsSubClass : public Object, public ComponentObject {
  public:
   clsSubClass();
   ~clsSubClass() override;  // runs Terminate
@@ -114,9 +115,9 @@ constexpr const char* kOldProc = "SSC_OLDPROC";
 constexpr const char* kObjAddr = "SSC_OBJADDR";
 
 // Hands the message to the object named by "SSC_OBJADDR"; with none the message is lost (0).
-LRESULT WindowProc(HWND hWnd, int32_t uMsg, WPARAM wParam, LPARAM lParam);
+CORVANE_API LRESULT WindowProc(HWND hWnd, int32_t uMsg, WPARAM wParam, LPARAM lParam);
 // The address of WindowProc on the current platform.
-WNDPROC WindowProcAddress();
+CORVANE_API WNDPROC WindowProcAddress();
 }  // namespace bSubClass
 
 }  // namespace corvane

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+#include <corvane/export.h>
 #include <corvane/host/std_picture.h>
 #include <corvane/runtime/component_object.h>
 #include <corvane/runtime/object.h>
@@ -12,7 +13,7 @@ namespace corvane {
 // Repeats one picture over a surface and, after a resize, paints only the band the resize
 // uncovered. It works entirely through its target by name: Picture, ScaleX, ScaleY, ScaleLeft,
 // ScaleTop, ScaleWidth, ScaleHeight and PaintPicture.
-class clsTilePicture : public Object, public ComponentObject {
+class CORVANE_API clsTilePicture : public Object, public ComponentObject {
  public:
   std::string typeName() const override { return "clsTilePicture"; }
 

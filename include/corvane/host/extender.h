@@ -2,6 +2,7 @@
 #include <memory>
 #include <string>
 
+#include <corvane/export.h>
 #include <corvane/runtime/object.h>
 
 namespace corvane {
@@ -10,7 +11,7 @@ class HostedControl;
 
 // The host's wrapper of a control: its name, container, position and size in the container's
 // scale, visibility; any other member is passed on to the control itself.
-class Extender : public Object {
+class CORVANE_API Extender : public Object {
  public:
   explicit Extender(HostedControl& control) : m_control(control) {}
   std::string typeName() const override;

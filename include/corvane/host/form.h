@@ -1,8 +1,10 @@
 #pragma once
 #include <memory>
 #include <string>
+#include <type_traits>
 #include <vector>
 
+#include <corvane/export.h>
 #include <corvane/host/hosted_control.h>
 #include <corvane/host/surface.h>
 #include <corvane/runtime/object.h>
@@ -11,7 +13,7 @@ namespace corvane {
 
 // A top-level window of the host application that holds controls. In design mode (UserMode
 // false) it stands for a form in the designer.
-class Form : public Object {
+class CORVANE_API Form : public Object {
  public:
   // Creates the form's window and enters it into the list of loaded forms.
   static std::shared_ptr<Form> create(const std::string& name, float widthTwips = 6000, float heightTwips = 4500,
@@ -54,6 +56,19 @@ class Form : public Object {
   HostedControlRef add(HostedControlRef control, const std::string& className, const std::string& name,
                        HostedControl* container = nullptr, float left = 0, float top = 0, float width = -1,
                        float height = -1, PropertyBag* bag = nullptr);
+  // Typed creation: form.add<VexColorLabel>("lblTitle", left, top, width, height) makes the
+  // control, sites it on the form as add by class name does, and returns it with its own type.
+  template <class T>
+  std::shared_ptr<T> add(const std::string& name, float left = 0, float top = 0, float width = -1,
+                         float height = -1) {
+    return addTyped<T>(name, nullptr, left, top, width, height);
+  }
+  // The same inside a container control, in the container's scale.
+  template <class T>
+  std::shared_ptr<T> add(const std::string& name, HostedControl& container, float left = 0, float top = 0,
+                         float width = -1, float height = -1) {
+    return addTyped<T>(name, &container, left, top, width, height);
+  }
   const std::vector<HostedControlRef>& controls() const { return m_controls; }
   HostedControlRef control(const std::string& name) const;
   std::string classNameOf(const HostedControl& c) const;
@@ -67,6 +82,15 @@ class Form : public Object {
 
  private:
   Form(std::string name, bool userMode);
+  template <class T>
+  std::shared_ptr<T> addTyped(const std::string& name, HostedControl* container, float left, float top, float width,
+                              float height) {
+    static_assert(std::is_base_of_v<HostedControl, T>, "a form holds controls");
+    auto control = std::make_shared<T>();
+    // The class name a form file stores is the one the class answers with.
+    add(control, control->typeName(), name, container, left, top, width, height);
+    return control;
+  }
   LRESULT windowProc(HWND hWnd, int32_t msg, WPARAM wParam, LPARAM lParam);
 
   std::string m_name;
@@ -82,7 +106,7 @@ class Form : public Object {
 using FormRef = std::shared_ptr<Form>;
 
 // The list of loaded forms of the application.
-class Forms {
+class CORVANE_API Forms {
  public:
   static std::vector<FormRef>& all();
   static FormRef find(const std::string& name);  // case-insensitive; nullptr when not loaded

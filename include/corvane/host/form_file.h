@@ -2,13 +2,14 @@
 #include <stdexcept>
 #include <string>
 
+#include <corvane/export.h>
 #include <corvane/host/form.h>
 
 namespace corvane {
 
 // A form file that cannot be read: malformed JSON, a missing or wrongly typed entry, an unknown
 // class. The message names the place.
-class FormFileError : public std::runtime_error {
+class CORVANE_API FormFileError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
@@ -21,7 +22,7 @@ class FormFileError : public std::runtime_error {
 // Files keep what they were given: a text that is no well-formed UTF-8 (a caption may hold any
 // bytes; so may a name or a key) is stored as {"base64": "<its bytes>"} wherever a string goes,
 // and a Single or Double that is no finite number as "NaN", "Infinity" or "-Infinity".
-class FormFile {
+class CORVANE_API FormFile {
  public:
   // Fails with FormFileError only.
   static std::string save(const Form& form);

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include <corvane/export.h>
 #include <corvane/host/property_bag.h>
 #include <corvane/host/surface.h>
 #include <corvane/runtime/object.h>
@@ -15,7 +16,7 @@ class HostedControl;
 
 // What a control is told about where it sits: the form, the name the host gave it, its wrapper
 // (Extender), the design or run mode, and the keys it reported as changed.
-struct ControlSite {
+struct CORVANE_API ControlSite {
   Form* form = nullptr;
   std::string name;
   std::shared_ptr<Extender> extender;
@@ -24,7 +25,7 @@ struct ControlSite {
 };
 
 // The read-only environment of the control's container.
-class Ambient {
+class CORVANE_API Ambient {
  public:
   explicit Ambient(const HostedControl& c) : m_control(c) {}
   bool UserMode() const;
@@ -36,7 +37,7 @@ class Ambient {
 };
 
 // Size, scale and back colour that a freshly dropped control gets.
-struct DesignForm {
+struct CORVANE_API DesignForm {
   float width = 1200;  // twips
   float height = 495;  // twips
   int16_t scaleMode = Surface::Twips;
@@ -45,7 +46,7 @@ struct DesignForm {
 
 // Anything a form can hold: it has a window with a surface, lifecycle hooks the host calls in
 // order, and a site that links it to its host.
-class HostedControl : public Object {
+class CORVANE_API HostedControl : public Object {
  public:
   HostedControl();
   ~HostedControl() override;

@@ -3,12 +3,13 @@
 #include <utility>
 #include <vector>
 
+#include <corvane/export.h>
 #include <corvane/runtime/object.h>
 
 namespace corvane {
 
 // The stored state of one control: keys with values, in the order they were written.
-class PropertyBag : public Object {
+class CORVANE_API PropertyBag : public Object {
  public:
   std::string typeName() const override { return "PropertyBag"; }
 

@@ -1,12 +1,13 @@
 #pragma once
 #include <string>
 
+#include <corvane/export.h>
 #include <corvane/runtime/object.h>
 
 namespace corvane {
 
 // The system's Screen object. Twips per pixel are read from the platform at every call.
-class Screen : public Object {
+class CORVANE_API Screen : public Object {
  public:
   static Screen& instance();
   std::string typeName() const override { return "Screen"; }
@@ -24,7 +25,7 @@ class Screen : public Object {
 };
 
 // The system's App object.
-class App : public Object {
+class CORVANE_API App : public Object {
  public:
   static App& instance();
   std::string typeName() const override { return "App"; }

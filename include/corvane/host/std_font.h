@@ -2,13 +2,14 @@
 #include <memory>
 #include <string>
 
+#include <corvane/export.h>
 #include <corvane/platform/types.h>
 #include <corvane/runtime/object.h>
 
 namespace corvane {
 
 // A font object, shared by reference: controls that hold the same font see each other's changes.
-class StdFont : public Object {
+class CORVANE_API StdFont : public Object {
  public:
   StdFont() = default;
   explicit StdFont(const FontSpec& desc) : m_desc(desc) {}

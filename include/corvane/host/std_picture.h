@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include <corvane/export.h>
 #include <corvane/platform/types.h>
 #include <corvane/runtime/object.h>
 
@@ -11,9 +12,9 @@ namespace corvane {
 // A picture object: a bitmap (Type 1) or an icon (Type 3), or empty (Type 0). Width and Height
 // are in HiMetric (hundredths of a millimetre). The object owns its image handle and keeps the
 // bytes it was made from, so that a form file can store it again.
-class StdPicture : public Object {
+class CORVANE_API StdPicture : public Object {
  public:
-  enum PictureType : int16_t { None = 0, Bitmap = 1, Icon = 3 };
+  enum PictureType : int16_t { vbPicTypeNone = 0, vbPicTypeBitmap = 1, vbPicTypeIcon = 3 };
 
   StdPicture() = default;
   ~StdPicture() override;
@@ -40,7 +41,7 @@ class StdPicture : public Object {
 
  private:
   int32_t m_handle = 0;
-  int16_t m_type = None;
+  int16_t m_type = vbPicTypeNone;
   std::vector<unsigned char> m_bytes;
 };
 
@@ -48,10 +49,10 @@ using PictureRef = std::shared_ptr<StdPicture>;
 
 // LoadPicture(): an empty picture; LoadPicture(path): the file's picture, error 53 when the file
 // is missing and 481 when it is no picture.
-PictureRef LoadPicture(const std::string& path = {});
+CORVANE_API PictureRef LoadPicture(const std::string& path = {});
 // A picture from the library's own resources, by name; error 326 when there is none.
-PictureRef LoadResPicture(const std::string& name, int32_t type = 0);
+CORVANE_API PictureRef LoadResPicture(const std::string& name, int32_t type = 0);
 // The same by number: the toolbox bitmaps of the controls are 30000 to 30018.
-PictureRef LoadResPicture(int32_t id, int32_t type = 0);
+CORVANE_API PictureRef LoadResPicture(int32_t id, int32_t type = 0);
 
 }  // namespace corvane

@@ -2,17 +2,19 @@
 #include <optional>
 #include <string>
 
+#include <corvane/export.h>
 #include <corvane/host/std_font.h>
 #include <corvane/host/std_picture.h>
 #include <corvane/platform/types.h>
 #include <corvane/runtime/event.h>
+#include <corvane/platform/system_macros_begin.h>
 
 namespace corvane {
 
 // The drawing target of a form, a picture box or a control: a window with its device context,
 // colours, font, an inner coordinate system (scale) and the drawing methods of the form engine.
 // Coordinates of the methods are in the surface's own scale; host geometry is in twips.
-class Surface {
+class CORVANE_API Surface {
  public:
   enum ScaleModes : int16_t { User = 0, Twips = 1, Pixels = 3, HiMetric = 8 };
 
@@ -159,6 +161,8 @@ class Surface {
 };
 
 // The RGB value of an OLE colour (a system colour resolved); error 380 for an invalid one.
-COLORREF translateColor(OLE_COLOR colour);
+CORVANE_API COLORREF translateColor(OLE_COLOR colour);
 
 }  // namespace corvane
+
+#include <corvane/platform/system_macros_end.h>

@@ -1,4 +1,6 @@
 #pragma once
+
+#include <corvane/export.h>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -8,7 +10,7 @@ namespace corvane::html {
 // One tag or run of text of a parsed HTML document, and a node of its tree at the same time.
 // The fields stand in their fixed order; booleans are 16-bit with true as -1. Layout results
 // (Top to IndentX, LayoutWidth, LayoutHeight, RowHeight, the image fields) stay from pass to pass.
-struct HtmlChunk {
+struct CORVANE_API HtmlChunk {
   std::string Source;  // the chunk's text as it stood, brackets included
   int16_t IsTag = 0;
   int32_t TagID = 0;

@@ -1,4 +1,6 @@
 #pragma once
+
+#include <corvane/export.h>
 #include <corvane/html/html_chunk.h>
 #include <corvane/html/html_tag_reader.h>
 
@@ -11,7 +13,7 @@ namespace corvane::html {
 
 // The properties of the view that parsing reads, and the one it writes (a TEXT attribute sets
 // DefaultTextColor for the whole view).
-struct HtmlViewDefaults {
+struct CORVANE_API HtmlViewDefaults {
   std::string DefaultFontName = "Arial";
   float DefaultFontSize = 10;
   int32_t DefaultTextColor = 0;
@@ -22,7 +24,7 @@ struct HtmlViewDefaults {
 // The parse state of the HTML view: the normalised source, the flat array of chunks with the tree
 // threaded through it, and the page values that tags set. setText runs the whole pipeline;
 // HtmlTokenizer and HtmlTree hold its steps.
-class HtmlDocument {
+class CORVANE_API HtmlDocument {
  public:
   HtmlDocument() = default;
   explicit HtmlDocument(HtmlViewDefaults defaults) : view(std::move(defaults)) {}

@@ -1,4 +1,6 @@
 #pragma once
+
+#include <corvane/export.h>
 #include <corvane/html/html_document.h>
 
 #include <string>
@@ -14,9 +16,9 @@ namespace corvane::html {
 // name, values as Name=value, colours as &H...), the words of a text chunk, the Parent field, the
 // child count, and the first child and next sibling as layout finds them ("-" for none). Control
 // characters and quotes in texts are escaped (\n, \x00, \").
-std::string dumpHtmlDocument(const HtmlDocument& document);
+CORVANE_API std::string dumpHtmlDocument(const HtmlDocument& document);
 
 // One chunk's line, without the index and tree part: [id] "source" fields words=[...].
-std::string describeHtmlChunk(const HtmlChunk& chunk);
+CORVANE_API std::string describeHtmlChunk(const HtmlChunk& chunk);
 
 }  // namespace corvane::html

@@ -1,4 +1,6 @@
 #pragma once
+
+#include <corvane/export.h>
 #include <string>
 #include <string_view>
 
@@ -8,6 +10,6 @@ namespace corvane::html {
 // "<HTML>" where those are missing, the named entities of the entity table replaced (without
 // regard to case, in the table's order), each tab turned into a blank, and doubled blanks
 // halved three times over.
-std::string normaliseHtmlSource(std::string_view value);
+CORVANE_API std::string normaliseHtmlSource(std::string_view value);
 
 }  // namespace corvane::html

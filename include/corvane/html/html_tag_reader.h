@@ -1,4 +1,6 @@
 #pragma once
+
+#include <corvane/export.h>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -8,7 +10,7 @@ namespace corvane::html {
 
 // Reads one tag chunk: whether it is a tag, its name and its attributes. The attribute lists are
 // refilled by each call of mintExtractTagAttributes.
-class HtmlTagReader {
+class CORVANE_API HtmlTagReader {
  public:
   // True when the chunk starts with "<" and ends with ">".
   static bool mIsTagChunk(std::string_view chunk);

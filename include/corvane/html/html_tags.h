@@ -1,4 +1,6 @@
 #pragma once
+
+#include <corvane/export.h>
 #include <cstdint>
 #include <string_view>
 
@@ -74,11 +76,11 @@ enum TagId : int32_t {
 };
 
 // The id of an upper-cased tag name; a name outside the vocabulary is TagUnknown.
-int32_t tagIdOfName(std::string_view upperName);
+CORVANE_API int32_t tagIdOfName(std::string_view upperName);
 
 // Containers open a level of the document tree; their closers (id + 1) end one. Everything else,
 // and every id above TagCenterEnd, is a leaf.
-bool isContainerTag(int32_t id);
-bool isCloserTag(int32_t id);
+CORVANE_API bool isContainerTag(int32_t id);
+CORVANE_API bool isCloserTag(int32_t id);
 
 }  // namespace corvane::html

@@ -1,4 +1,6 @@
 #pragma once
+
+#include <corvane/export.h>
 #include <corvane/html/html_document.h>
 
 #include <string_view>
@@ -8,7 +10,7 @@ namespace corvane::html {
 // Cuts the normalised source of a document into chunks and classifies each: its tag id, the
 // defaults of that id, its attributes, and for text the words. Failing statements are skipped,
 // so a bad attribute value leaves its field at the default.
-class HtmlTokenizer {
+class CORVANE_API HtmlTokenizer {
  public:
   explicit HtmlTokenizer(HtmlDocument& document) : m_doc(document) {}
 

@@ -1,4 +1,6 @@
 #pragma once
+
+#include <corvane/export.h>
 #include <corvane/html/html_document.h>
 
 #include <cstdint>
@@ -7,7 +9,7 @@ namespace corvane::html {
 
 // The structure of a document over its flat chunk array: missing closers added, the list of
 // links, and parent and child links threaded through the chunks. A node is a chunk.
-class HtmlTree {
+class CORVANE_API HtmlTree {
  public:
   explicit HtmlTree(HtmlDocument& document) : m_doc(document) {}
 

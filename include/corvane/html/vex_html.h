@@ -1,4 +1,6 @@
 #pragma once
+
+#include <corvane/export.h>
 #include <corvane/frame/control_base.h>
 #include <corvane/host/std_picture.h>
 #include <corvane/html/html_document.h>
@@ -12,7 +14,7 @@ namespace corvane {
 // normalises the string and runs the parse: chunks, their tag ids and attributes, the repair of
 // missing closers, the list of links and the document tree. Layout and drawing come on top of
 // this parse state; for now the control draws nothing of its own.
-class VexHTML : public ControlBase {
+class CORVANE_API VexHTML : public ControlBase {
  public:
   std::string typeName() const override { return "VexHTML"; }
 

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include <corvane/export.h>
 #include <corvane/platform/types.h>
 
 // The platform layer: the drawing, window and system operations the controls use, under their
@@ -11,7 +12,7 @@
 namespace corvane {
 
 // Drawing: device contexts, drawing objects, pixels, text and images.
-class GdiApi {
+class CORVANE_API GdiApi {
  public:
   virtual ~GdiApi() = default;
 
@@ -88,7 +89,7 @@ class GdiApi {
 };
 
 // Windows, messages, input and timers.
-class UserApi {
+class CORVANE_API UserApi {
  public:
   virtual ~UserApi() = default;
 
@@ -161,7 +162,7 @@ class UserApi {
 };
 
 // System facts and services.
-class SystemApi {
+class CORVANE_API SystemApi {
  public:
   virtual ~SystemApi() = default;
   virtual bool GetVersionExA(OSVERSIONINFO& info) = 0;
@@ -171,7 +172,7 @@ class SystemApi {
   virtual std::string applicationName() = 0;
 };
 
-class Platform {
+class CORVANE_API Platform {
  public:
   virtual ~Platform() = default;
   virtual GdiApi& gdi() = 0;
@@ -179,8 +180,12 @@ class Platform {
   virtual SystemApi& system() = 0;
 };
 
-// The platform in use. The desktop installs itself on first use unless another one was set.
-Platform& platform();
-void setPlatform(Platform* p);
+// The platform in use, which the application object sets up. Without one, any window, drawing or
+// picture operation is a RuntimeError (91) that says so: nothing is drawn on a hidden display.
+CORVANE_API Platform& platform();
+// The platform in use or nullptr, for releases that may run after the application has ended.
+CORVANE_API Platform* currentPlatform();
+// Installs a platform (nullptr: none). The application object does this; tests set their own.
+CORVANE_API void setPlatform(Platform* p);
 
 }  // namespace corvane

@@ -3,6 +3,8 @@
 #include <functional>
 #include <string>
 
+#include <corvane/export.h>
+
 // The platform's handle and record types. Handles are 32-bit integers; 0 is "none".
 namespace corvane {
 
@@ -23,17 +25,17 @@ using LPARAM = int32_t;
 using COLORREF = int32_t;  // &H00BBGGRR
 using OLE_COLOR = int32_t;
 
-struct RECT {
+struct CORVANE_API RECT {
   int32_t Left = 0, Top = 0, Right = 0, Bottom = 0;
   bool operator==(const RECT&) const = default;
 };
 
-struct POINTAPI {
+struct CORVANE_API POINTAPI {
   int32_t x = 0, y = 0;
   bool operator==(const POINTAPI&) const = default;
 };
 
-struct SIZE {
+struct CORVANE_API SIZE {
   int32_t cx = 0, cy = 0;
   bool operator==(const SIZE&) const = default;
 };
@@ -42,7 +44,7 @@ struct SIZE {
 using WindowProcedure = std::function<LRESULT(HWND, int32_t, WPARAM, LPARAM)>;
 
 // What a font handle is made from.
-struct FontSpec {
+struct CORVANE_API FontSpec {
   std::string name = "MS Sans Serif";
   double size = 8.25;  // points
   bool bold = false;
@@ -52,18 +54,18 @@ struct FontSpec {
   bool operator==(const FontSpec&) const = default;
 };
 
-struct TEXTMETRIC {
+struct CORVANE_API TEXTMETRIC {
   int32_t tmHeight = 0, tmAscent = 0, tmDescent = 0, tmInternalLeading = 0, tmAveCharWidth = 0, tmMaxCharWidth = 0;
 };
 
-struct TRACKMOUSEEVENT {
+struct CORVANE_API TRACKMOUSEEVENT {
   int32_t cbSize = 16;
   int32_t dwFlags = 0;
   HWND hwndTrack = 0;
   int32_t dwHoverTime = 0;
 };
 
-struct OSVERSIONINFO {
+struct CORVANE_API OSVERSIONINFO {
   int32_t dwOSVersionInfoSize = 148;
   int32_t dwMajorVersion = 0, dwMinorVersion = 0, dwBuildNumber = 0, dwPlatformId = 0;
   std::string szCSDVersion;

@@ -3,8 +3,10 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
+#include <corvane/export.h>
 #include <corvane/runtime/object.h>
 
 namespace corvane {
@@ -12,7 +14,7 @@ namespace corvane {
 enum class ClassKind { Control, Class, PropertyPage };
 
 // One public class of the component.
-struct ClassInfo {
+struct CORVANE_API ClassInfo {
   std::string name;   // as the host knows it ("VexFrame", "msg")
   std::string clsid;  // upper case, without braces
   ClassKind kind = ClassKind::Class;
@@ -22,10 +24,18 @@ struct ClassInfo {
   std::function<ObjectRef()> factory;  // empty until the class's code registers it
 };
 
+// A public enumeration as late-bound code sees it: its members under the names the interface
+// gives them ("None"), whatever their C++ spelling (which may carry a prefix, as a member named
+// like a common C macro would break programs that include the system's headers first).
+struct CORVANE_API EnumInfo {
+  std::string name;
+  std::vector<std::pair<std::string, int32_t>> members;
+};
+
 // The table from class name and class identifier to a factory, and the count of live objects:
 // the services a host uses to create the component's classes and to ask whether it may unload.
 // It holds all public classes from the start; their code adds the factories.
-class ClassRegistry {
+class CORVANE_API ClassRegistry {
  public:
   static ClassRegistry& instance();
 
@@ -49,6 +59,13 @@ class ClassRegistry {
   // All classes, in the order of the component's class table.
   const std::vector<ClassInfo>& all() const { return m_classes; }
 
+  // Enters a public enumeration; the library enters its own at the registry's first use.
+  void registerEnum(std::string_view name, std::vector<std::pair<std::string, int32_t>> members);
+  // The value of "Enum.Member", or of a member name alone (the first enumeration that has it),
+  // without regard to case. Error 438 when there is none.
+  int32_t enumValue(std::string_view name) const;
+  const std::vector<EnumInfo>& enums() const { return m_enums; }
+
   // The live objects of the public classes (DllCanUnloadNow): only objects that derive from
   // ComponentObject count, never the host's forms, Screen or App.
   static int64_t liveObjects();
@@ -59,10 +76,11 @@ class ClassRegistry {
   ObjectRef make(const ClassInfo* info, std::string_view asked) const;
 
   std::vector<ClassInfo> m_classes;
+  std::vector<EnumInfo> m_enums;
 };
 
 // Enters the factories of the classes the library has built; defined by the library's top layer
 // and called once, at the registry's first use.
-void registerLibraryClasses(ClassRegistry& registry);
+CORVANE_API void registerLibraryClasses(ClassRegistry& registry);
 
 }  // namespace corvane

@@ -2,6 +2,7 @@
 #include <string>
 #include <string_view>
 
+#include <corvane/export.h>
 #include <corvane/runtime/variant.h>
 
 // Format: the language's formatting of a value by a pattern.
@@ -23,6 +24,6 @@ namespace corvane {
 //
 // The empty pattern gives the text of the value, as CStr does (Empty and Null give "").
 // Scientific and date patterns are not supported by this function: see FormatDate.
-std::string Format(const Variant& value, std::string_view pattern = {});
+CORVANE_API std::string Format(const Variant& value, std::string_view pattern = {});
 
 }  // namespace corvane

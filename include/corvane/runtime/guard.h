@@ -3,6 +3,7 @@
 #include <type_traits>
 #include <utility>
 
+#include <corvane/export.h>
 #include <corvane/runtime/runtime_error.h>
 
 // Guarded execution: in a guarded procedure a statement that fails with a run-time error is
@@ -34,7 +35,7 @@ std::decay_t<std::invoke_result_t<F>> tryOr(F&& statement, T&& fallback) {
 
 // The guard of one procedure: `StatementGuard g; g([&]{ ... }); g([&]{ ... });`. It counts the
 // statements that failed and keeps the last error, the way the language's Err object does.
-class StatementGuard {
+class CORVANE_API StatementGuard {
  public:
   template <class F>
   bool operator()(F&& statement) {

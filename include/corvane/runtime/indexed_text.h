@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include <corvane/export.h>
 #include <corvane/runtime/strings.h>
 
 namespace corvane {
@@ -11,7 +12,7 @@ namespace corvane {
 // A text with its character positions indexed once, for loops that walk a long text by
 // position (Mid(s, i, 1), InStr(i, s, ...)): each lookup is then O(1) instead of a walk from the
 // start. The results and errors are those of the free functions of the same names.
-class IndexedText {
+class CORVANE_API IndexedText {
  public:
   IndexedText() = default;
   explicit IndexedText(std::string text);

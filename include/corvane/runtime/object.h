@@ -8,6 +8,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include <corvane/export.h>
 #include <corvane/runtime/variant.h>
 
 namespace corvane {
@@ -17,7 +18,7 @@ enum class CallType { Method, Get, Let };
 class Object;
 
 // The members of a class that can be reached by name. Names compare without regard to case.
-class Dispatch {
+class CORVANE_API Dispatch {
  public:
   using Args = std::vector<Variant>;
   using Getter = std::function<Variant(Object&, Args&)>;
@@ -95,7 +96,7 @@ class DispatchBuilder {
 
 // Base of every object that can be held in a Variant and called by member name at run time.
 // Counts the live objects of the component.
-class Object : public std::enable_shared_from_this<Object> {
+class CORVANE_API Object : public std::enable_shared_from_this<Object> {
  public:
   Object();
   Object(const Object&) = delete;

@@ -3,6 +3,8 @@
 #include <stdexcept>
 #include <string>
 
+#include <corvane/export.h>
+
 namespace corvane {
 
 // The run-time error numbers the library raises or passes on.
@@ -22,7 +24,7 @@ constexpr int32_t MemberNotFound = 438;
 }  // namespace err
 
 // A numbered run-time error with description and source, as a host sees it.
-class RuntimeError : public std::runtime_error {
+class CORVANE_API RuntimeError : public std::runtime_error {
  public:
   RuntimeError(int32_t number, std::string description = {}, std::string source = {});
 

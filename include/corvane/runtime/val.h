@@ -2,6 +2,8 @@
 #include <optional>
 #include <string_view>
 
+#include <corvane/export.h>
+
 // Reading numbers from text the way the language does.
 namespace corvane {
 
@@ -13,14 +15,14 @@ namespace corvane {
 // always (&HFFFF& is 65535). More than 32 bits, or a decimal number beyond the range of a
 // double, is error 6. A sign does not combine with "&H": "-&H1" reads 0, since a sign starts a
 // decimal number and "&" is no digit of one.
-double Val(std::string_view text);
+CORVANE_API double Val(std::string_view text);
 
 // The whole text, blanks and tabs at its ends aside, as a number: a decimal number (exponent
 // with E) or an "&H"/"&O" literal. Empty when the text is something else. A literal beyond 32
 // bits is error 6, as its conversion would be.
-std::optional<double> parseNumber(std::string_view text);
+CORVANE_API std::optional<double> parseNumber(std::string_view text);
 
 // IsNumeric for a text: parseNumber would give a number (and no error).
-bool IsNumeric(std::string_view text);
+CORVANE_API bool IsNumeric(std::string_view text);
 
 }  // namespace corvane

@@ -6,6 +6,7 @@
 #include <utility>
 #include <variant>
 
+#include <corvane/export.h>
 #include <corvane/runtime/runtime_error.h>
 
 namespace corvane {
@@ -15,7 +16,7 @@ using ObjectRef = std::shared_ptr<Object>;
 
 // A value of any of the language's types, as property bags, late-bound calls and events carry it.
 // Booleans are 16 bits wide with True as -1 when read as a number.
-class Variant {
+class CORVANE_API Variant {
  public:
   enum class Type { Empty, Null, Boolean, Byte, Integer, Long, Single, Double, String, Object };
 

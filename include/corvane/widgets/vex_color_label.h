@@ -1,6 +1,7 @@
 #pragma once
 #include <string>
 
+#include <corvane/export.h>
 #include <corvane/frame/control_base.h>
 #include <corvane/runtime/event.h>
 #include <corvane/runtime/vb_array.h>
@@ -8,7 +9,7 @@
 namespace corvane {
 
 // One formatted piece of a label's caption.
-struct LabelPart {
+struct CORVANE_API LabelPart {
   std::string Text;
   int16_t Bold = 0;
   int16_t Italic = 0;
@@ -19,7 +20,7 @@ struct LabelPart {
 };
 
 // The result of looking for the next tag; Kind 1 means none was found.
-struct LabelTag {
+struct CORVANE_API LabelTag {
   int32_t Kind = 1;
   std::string Value;
   int16_t Start = 0;
@@ -29,7 +30,7 @@ struct LabelTag {
 // A label whose caption carries inline markup: <b>, <i>, <u>, <s>, <c colour>, </c> and <br>.
 // It parses the caption into pieces on every repaint, wraps them at blanks to its width when
 // WordWrap is set, prints them one after the other and can grow to fit (Autosize).
-class VexColorLabel : public ControlBase {
+class CORVANE_API VexColorLabel : public ControlBase {
  public:
   std::string typeName() const override { return "VexColorLabel"; }
 

@@ -1,9 +1,11 @@
 #pragma once
 #include <memory>
 
+#include <corvane/export.h>
 #include <corvane/frame/control_base.h>
 #include <corvane/frame/subclass.h>
 #include <corvane/runtime/event.h>
+#include <corvane/platform/system_macros_begin.h>
 
 namespace corvane {
 
@@ -16,7 +18,7 @@ enum BACKSTYLE_TO : int32_t { abTransparent = 0, abOpaque = 1 };
 // picture one pixel lower and to the right, disabled is the embossed up picture. It works as a
 // push button or as a toggle (Style). The end of hovering comes from the window system's
 // mouse-leave notice, seen through a subclass of the control's own window.
-class VexHoverPic : public ControlBase {
+class CORVANE_API VexHoverPic : public ControlBase {
  public:
   VexHoverPic();
   ~VexHoverPic() override;
@@ -103,3 +105,5 @@ class VexHoverPic : public ControlBase {
 };
 
 }  // namespace corvane
+
+#include <corvane/platform/system_macros_end.h>

@@ -1,0 +1,68 @@
+#pragma once
+
+// The whole public API of the library.
+#include <corvane/export.h>
+#include <corvane/version.h>
+
+#include <corvane/runtime/array_object.h>
+#include <corvane/runtime/checked.h>
+#include <corvane/runtime/class_registry.h>
+#include <corvane/runtime/component_object.h>
+#include <corvane/runtime/datetime.h>
+#include <corvane/runtime/event.h>
+#include <corvane/runtime/format.h>
+#include <corvane/runtime/guard.h>
+#include <corvane/runtime/indexed_text.h>
+#include <corvane/runtime/object.h>
+#include <corvane/runtime/runtime_error.h>
+#include <corvane/runtime/strings.h>
+#include <corvane/runtime/utf8.h>
+#include <corvane/runtime/val.h>
+#include <corvane/runtime/variant.h>
+#include <corvane/runtime/vb_array.h>
+#include <corvane/runtime/win1252.h>
+
+#include <corvane/platform/api.h>
+#include <corvane/platform/platform.h>
+#include <corvane/platform/types.h>
+
+#include <corvane/host/control_collection.h>
+#include <corvane/host/extender.h>
+#include <corvane/host/form.h>
+#include <corvane/host/form_file.h>
+#include <corvane/host/hosted_control.h>
+#include <corvane/host/picture_box.h>
+#include <corvane/host/property_bag.h>
+#include <corvane/host/screen.h>
+#include <corvane/host/std_font.h>
+#include <corvane/host/std_picture.h>
+#include <corvane/host/surface.h>
+
+#include <corvane/frame/control_base.h>
+#include <corvane/frame/global.h>
+#include <corvane/frame/gradient.h>
+#include <corvane/frame/isubclass.h>
+#include <corvane/frame/msubclass.h>
+#include <corvane/frame/subclass.h>
+#include <corvane/frame/tile_picture.h>
+
+#include <corvane/containers/vex_l_frame.h>
+#include <corvane/containers/vex_l_pane.h>
+#include <corvane/containers/vex_pane.h>
+
+#include <corvane/html/html_chunk.h>
+#include <corvane/html/html_decode.h>
+#include <corvane/html/html_document.h>
+#include <corvane/html/html_dump.h>
+#include <corvane/html/html_source.h>
+#include <corvane/html/html_tag_reader.h>
+#include <corvane/html/html_tags.h>
+#include <corvane/html/html_tokenizer.h>
+#include <corvane/html/html_tree.h>
+#include <corvane/html/vex_html.h>
+
+#include <corvane/widgets/vex_color_label.h>
+#include <corvane/widgets/vex_hover_pic.h>
+
+#include <corvane/app/application.h>
+#include <corvane/app/headless_display.h>

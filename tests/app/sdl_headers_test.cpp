@@ -1,0 +1,17 @@
+// The public headers after SDL's, which a live viewer includes.
+#include <SDL2/SDL.h>
+
+#include <corvane/corvane.h>
+
+#include <gtest/gtest.h>
+
+namespace corvane {
+namespace {
+
+TEST(SystemHeadersTest, PublicApiCompilesAfterSdl) {
+  EXPECT_EQ(CORVANE_VERSION_MAJOR * 10000 + CORVANE_VERSION_MINOR * 100 + CORVANE_VERSION_PATCH, 200);
+  EXPECT_EQ(SDL_MAJOR_VERSION, 2);
+}
+
+}  // namespace
+}  // namespace corvane
