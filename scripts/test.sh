@@ -1,11 +1,16 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds, and runs the whole suite; then the suite again under
 # AddressSanitizer and UndefinedBehaviorSanitizer (skip with --no-sanitize), then checks that an
-# outside project builds against the installed package.
+# outside project builds against the installed package, then runs each fuzz target for a minute
+# (skip with --no-fuzz).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 sanitize=1
-for a in "$@"; do [ "$a" = "--no-sanitize" ] && sanitize=0; done
+fuzz=1
+for a in "$@"; do
+  [ "$a" = "--no-sanitize" ] && sanitize=0
+  [ "$a" = "--no-fuzz" ] && fuzz=0
+done
 scripts/install-deps.sh
 scripts/build.sh build
 (cd build && ctest --output-on-failure -j"$(nproc)")
@@ -15,4 +20,7 @@ if [ "$sanitize" = 1 ]; then
   BUILD_TYPE=Debug scripts/build.sh build-asan -DCORVANE_SANITIZE=address,undefined -DCORVANE_BENCH=OFF -DCORVANE_APPS=OFF
   # One process for the whole suite: sanitizer start-up per test would cost minutes.
   ./build-asan/tests/corvane_tests --gtest_brief=1
+fi
+if [ "$fuzz" = 1 ]; then
+  scripts/fuzz.sh 60
 fi
