@@ -3,11 +3,15 @@
 # shows the example program; builds and runs the examples against the installed package (shared
 # and static, CMake and pkg-config); then runs the suite again under AddressSanitizer and
 # UndefinedBehaviorSanitizer (skip with --no-sanitize), with a program that ends without
-# unloading anything.
+# unloading anything; then runs each fuzz target for a minute (skip with --no-fuzz).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 sanitize=1
-for a in "$@"; do [ "$a" = "--no-sanitize" ] && sanitize=0; done
+fuzz=1
+for a in "$@"; do
+  [ "$a" = "--no-sanitize" ] && sanitize=0
+  [ "$a" = "--no-fuzz" ] && fuzz=0
+done
 scripts/install-deps.sh
 scripts/check-docs.sh
 scripts/build.sh build
@@ -20,4 +24,7 @@ if [ "$sanitize" = 1 ]; then
   ./build-asan/tests/corvane_tests --gtest_brief=1
   ./build-asan/tests/corvane_exit_without_unload
   echo "sanitizer check: a program that returns without unloading ends cleanly"
+fi
+if [ "$fuzz" = 1 ]; then
+  scripts/fuzz.sh 60
 fi

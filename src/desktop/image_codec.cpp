@@ -3,14 +3,18 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 namespace corvane {
 
 namespace {
 
-constexpr int32_t kMaxSide = 32767;               // what a Cairo image surface accepts
-constexpr int64_t kMaxPixels = int64_t{1} << 26;  // 256 MB of pixels: refuse anything larger
+// Limits far beyond any screen, checked against the sizes a file declares before anything is
+// decoded or allocated, so that a small file cannot ask for gigabytes.
+constexpr int32_t kMaxSide = 16384;
+constexpr int64_t kMaxPixels = int64_t{1} << 26;  // 256 MB of pixels
 
 constexpr std::array<unsigned char, 8> kPngSignature = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
 
@@ -33,6 +37,13 @@ uint32_t u32be(std::span<const unsigned char> b, size_t at) {
 
 bool sizeOk(int64_t w, int64_t h) {
   return w > 0 && h > 0 && w <= kMaxSide && h <= kMaxSide && w * h <= kMaxPixels;
+}
+
+// The size a PNG declares in its header chunk, which must come first; {0, 0} when there is none.
+std::pair<int64_t, int64_t> declaredPngSize(std::span<const unsigned char> b) {
+  static constexpr unsigned char kHeader[] = {0, 0, 0, 13, 'I', 'H', 'D', 'R'};
+  if (b.size() < 24 || !std::equal(std::begin(kHeader), std::end(kHeader), b.begin() + 8)) return {0, 0};
+  return {u32be(b, 16), u32be(b, 20)};
 }
 
 uint32_t premultiply(uint32_t a, uint32_t r, uint32_t g, uint32_t b) {
@@ -83,6 +94,8 @@ std::unique_ptr<Canvas> ImageCodec::decode(std::span<const unsigned char> bytes,
 }
 
 std::unique_ptr<Canvas> ImageCodec::decodePng(std::span<const unsigned char> bytes) {
+  const auto [declaredWidth, declaredHeight] = declaredPngSize(bytes);
+  if (!sizeOk(declaredWidth, declaredHeight)) return nullptr;
   struct Reader {
     std::span<const unsigned char> bytes;
     size_t at = 0;
@@ -142,9 +155,7 @@ std::unique_ptr<Canvas> ImageCodec::decodeIcon(std::span<const unsigned char> by
     int64_t w = 0, h = 0;
     int32_t bits = 0;
     if (isPng(data)) {
-      if (data.size() < 24) continue;
-      w = u32be(data, 16);
-      h = u32be(data, 20);
+      std::tie(w, h) = declaredPngSize(data);
       bits = 32;
     } else {
       w = i32(data, 4);

@@ -12,7 +12,8 @@ namespace corvane {
 // entries, the AND mask giving the transparency). The format comes from the bytes themselves.
 class ImageCodec {
  public:
-  // The picture in premultiplied ARGB, or nullptr for anything malformed or cut short. Without
+  // The picture in premultiplied ARGB, or nullptr for anything malformed, cut short, or declaring
+  // a side above 16,384 pixels or more than 2^26 pixels (refused before decoding). Without
   // keepAlpha the result is opaque: transparent parts are laid on white.
   static std::unique_ptr<Canvas> decode(std::span<const unsigned char> bytes, bool keepAlpha);
 

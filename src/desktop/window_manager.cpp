@@ -1,5 +1,7 @@
 #include "desktop/window_manager.h"
 
+#include <corvane/runtime/error_handler.h>
+
 #include <unistd.h>
 
 #include <algorithm>
@@ -563,7 +565,11 @@ void WindowManager::deliverMouse(int32_t msg, HWND target) {
   if (!w || !w->enabled) return;
   POINTAPI p = m_cursor;
   ScreenToClient(target, p);
-  SendMessageA(target, msg, keyState(), makePointParam(p.x, p.y));
+  dispatchFromLoop(target, msg, keyState(), makePointParam(p.x, p.y));
+}
+
+void WindowManager::dispatchFromLoop(HWND hWnd, int32_t msg, WPARAM wParam, LPARAM lParam) {
+  runReportingErrors([&] { SendMessageA(hWnd, msg, wParam, lParam); });
 }
 
 void WindowManager::mouseMove(int32_t x, int32_t y) {
@@ -608,18 +614,18 @@ void WindowManager::mouseUp(int32_t button) {
 
 void WindowManager::keyDown(int32_t vk) {
   m_keys[vk] = true;
-  if (m_focus) SendMessageA(m_focus, wm::KEYDOWN, vk, 0);
+  if (m_focus) dispatchFromLoop(m_focus, wm::KEYDOWN, vk, 0);
   DoEvents();
 }
 
 void WindowManager::keyUp(int32_t vk) {
   m_keys[vk] = false;
-  if (m_focus) SendMessageA(m_focus, wm::KEYUP, vk, 0);
+  if (m_focus) dispatchFromLoop(m_focus, wm::KEYUP, vk, 0);
   DoEvents();
 }
 
 void WindowManager::typeChar(int32_t ch) {
-  if (m_focus) SendMessageA(m_focus, wm::CHAR, ch, 0);
+  if (m_focus) dispatchFromLoop(m_focus, wm::CHAR, ch, 0);
   DoEvents();
 }
 
@@ -668,7 +674,7 @@ void WindowManager::fireTimers(int64_t upTo) {
     auto it = std::find_if(m_timers.begin(), m_timers.end(), [&](const Timer& t) { return t.hwnd == h && t.id == id; });
     if (it == m_timers.end() || it->due > upTo) continue;  // killed or reset by an earlier handler
     it->due = upTo + it->interval;
-    SendMessageA(h, wm::TIMER, id, 0);
+    dispatchFromLoop(h, wm::TIMER, id, 0);
   }
 }
 
@@ -677,7 +683,7 @@ void WindowManager::paintPending() {
   for (auto& [h, w] : m_windows)
     if (w->needsPaint && isShown(*w)) pending.push_back(h);
   std::sort(pending.begin(), pending.end());
-  for (HWND h : pending) UpdateWindow(h);
+  for (HWND h : pending) runReportingErrors([&] { UpdateWindow(h); });
 }
 
 int32_t WindowManager::DoEvents() {
@@ -688,7 +694,7 @@ int32_t WindowManager::DoEvents() {
   for (size_t i = 0; i < n && !m_posted.empty(); ++i) {
     Posted p = m_posted.front();
     m_posted.pop_front();
-    SendMessageA(p.hwnd, p.msg, p.wParam, p.lParam);
+    dispatchFromLoop(p.hwnd, p.msg, p.wParam, p.lParam);
     ++delivered;
   }
   if (!m_clock.isVirtual()) fireTimers(m_clock.now());

@@ -163,6 +163,9 @@ class WindowManager : public UserApi, public WindowImages {
   HWND childFromPoint(const DesktopWindow& w, int32_t x, int32_t y) const;
   POINTAPI screenOrigin(const DesktopWindow& w) const;
   void deliverMouse(int32_t msg, HWND target);
+  // Sends one message on behalf of the message loop: an error raised while it is handled goes to
+  // the application's error handler instead of ending the loop.
+  void dispatchFromLoop(HWND hWnd, int32_t msg, WPARAM wParam, LPARAM lParam);
   void checkMouseLeave(HWND over);
   void fireTimers(int64_t upTo);
   void composeWindow(const DesktopWindow& w, Canvas& screen, int32_t ox, int32_t oy, RECT clip, double alpha);

@@ -7,7 +7,9 @@ namespace corvane {
 namespace {
 
 std::string padded(int32_t v, size_t width) {
-  std::string s = std::to_string(v < 0 ? -v : v);
+  // The magnitude in 64 bits: a field may hold the smallest 32-bit value, whose negation overflows.
+  const int64_t magnitude = v < 0 ? -int64_t{v} : int64_t{v};
+  std::string s = std::to_string(magnitude);
   if (s.size() < width) s.insert(0, width - s.size(), '0');
   return v < 0 ? "-" + s : s;
 }

@@ -23,6 +23,7 @@ std::string RuntimeError::standardDescription(int32_t number) {
     case err::DivisionByZero: return "Division by zero";
     case err::TypeMismatch: return "Type mismatch";
     case err::CancelError: return "User interrupt occurred";
+    case err::InternalError: return "Internal error";
     case err::ObjectNotSet: return "Object variable or With block variable not set";
     case err::InvalidUseOfNull: return "Invalid use of Null";
     case err::InvalidPropertyValue: return "Invalid property value";

@@ -55,7 +55,7 @@ void VexHoverPic::setEnabled(bool value) {
   m_Enabled = value;
   surface().setMousePointer(kCustomPointer);
   applyEnabledToSurface();
-  Draw(CInt(m_Value));
+  Draw(m_Value);
   PropertyChanged("Enabled");
 }
 
@@ -84,7 +84,7 @@ void VexHoverPic::setStyle(STYLE_B value) {
 void VexHoverPic::setValue(VAL_U_P value) {
   m_Value = value;
   PropertyChanged("Value");
-  Draw(CInt(m_Value));
+  Draw(m_Value);
 }
 
 // The up picture is not reported as changed: only its drawing and the size follow it.
@@ -122,7 +122,7 @@ void VexHoverPic::setBackStyle(BACKSTYLE_TO value) {
 void VexHoverPic::setBackColor(OLE_COLOR value) {
   surface().setBackColor(value);
   PropertyChanged("BackColor");
-  Draw(CInt(m_Value));
+  Draw(m_Value);
 }
 
 void VexHoverPic::setIconShadow(OLE_COLOR value) {
@@ -139,7 +139,7 @@ void VexHoverPic::setAutosize(bool value) {
   m_Autosize = value;
   PropertyChanged("AutoSize");
   AdjustSize();
-  Draw(CInt(m_Value));
+  Draw(m_Value);
 }
 
 // Kept and persisted for the host; the control makes no sound.
@@ -150,7 +150,7 @@ void VexHoverPic::setSound(bool value) {
 
 // ---- drawing ----
 
-void VexHoverPic::redraw() { Draw(CInt(m_Value)); }
+void VexHoverPic::redraw() { Draw(m_Value); }
 
 int32_t VexHoverPic::pixelsX(const PictureRef& p) const {
   if (!p) throw RuntimeError(err::ObjectNotSet);
@@ -162,7 +162,7 @@ int32_t VexHoverPic::pixelsY(const PictureRef& p) const {
   return CLng(surface().ScaleY(static_cast<float>(p->Height()), Surface::HiMetric, Surface::Pixels));
 }
 
-void VexHoverPic::Draw(int16_t State) {
+void VexHoverPic::Draw(int32_t State) {
   if (!isSited()) return;
   Surface& s = surface();
   PictureRef chosen;
@@ -286,7 +286,7 @@ void VexHoverPic::subclassMessage(int32_t, int32_t& uMsg, int32_t&, int32_t&, bo
     DblClick();
     m_SkipNextDown = -1;
   } else if (uMsg == wm::MOUSELEAVE) {
-    Draw(CInt(m_Value));
+    Draw(m_Value);
     float x = 0, y = 0;
     MouseOut(x, y);
   }
@@ -347,7 +347,7 @@ void VexHoverPic::ReadProperties(PropertyBag& bag) {
   guarded([&] { surface().setMouseIcon(pictureFrom(bag.ReadProperty("MouseIcon", Variant()))); });
   guarded([&] { m_Autosize = bag.ReadProperty("AutoSize", true).toBool(); });
   guarded([&] { m_Sound = bag.ReadProperty("Sound", true).toBool(); });
-  guarded([&] { Draw(CInt(m_Value)); });
+  guarded([&] { Draw(m_Value); });
 }
 
 void VexHoverPic::WriteProperties(PropertyBag& bag) {

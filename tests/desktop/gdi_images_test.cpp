@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <zlib.h>
 
 #include <cstdio>
 #include <fstream>
@@ -160,6 +161,80 @@ TEST(ImageCodec, HeadersClaimingHugePicturesAreRefused) {
   Bytes bitfields = test::bmp(test::dib(1, 1, 32, {kArgbRed}), 0);
   bitfields[14 + 16] = 5;  // an unknown compression
   EXPECT_FALSE(ImageCodec::decode(bitfields, false));
+}
+
+TEST(ImageCodec, NoSideAbove16384Pixels) {
+  std::vector<bool> mask(16385, false);
+  const std::vector<uint32_t> wide(16385, kArgbRed), fits(16384, kArgbRed);
+  EXPECT_TRUE(ImageCodec::decode(test::png(16384, 1, fits), true));
+  EXPECT_TRUE(ImageCodec::decode(test::bmp(test::dib(16384, 1, 24, fits), 0), false));
+  EXPECT_FALSE(ImageCodec::decode(test::png(16385, 1, wide), true));
+  EXPECT_FALSE(ImageCodec::decode(test::png(1, 16385, wide), true));
+  EXPECT_FALSE(ImageCodec::decode(test::bmp(test::dib(16385, 1, 24, wide), 0), false));
+  EXPECT_FALSE(ImageCodec::decode(test::ico({{0, 0, test::png(16385, 1, wide)}}), true));
+  EXPECT_FALSE(ImageCodec::decode(test::ico({{0, 0, test::dib(16385, 1, 24, wide, {}, false, &mask)}}, 2), true));
+}
+
+// The largest amount of memory the process has held, in kB, since resetPeakMemory.
+long peakMemoryKb() {
+  std::ifstream status("/proc/self/status");
+  std::string line;
+  while (std::getline(status, line))
+    if (line.rfind("VmHWM:", 0) == 0) return std::stol(line.substr(6));
+  return -1;
+}
+bool resetPeakMemory() { return static_cast<bool>(std::ofstream("/proc/self/clear_refs") << "5"); }
+
+// A PNG of 8-bit grey that declares width by height pixels but holds only the given number of
+// rows of zeros, compressed: a small file that asks for a huge picture.
+Bytes greyPngDeclaring(uint32_t width, uint32_t height, uint32_t rows) {
+  Bytes out{0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
+  auto put32be = [](Bytes& b, uint32_t v) {
+    for (int k = 3; k >= 0; --k) b.push_back(static_cast<unsigned char>(v >> (8 * k)));
+  };
+  auto chunk = [&](const char* type, const Bytes& data) {
+    Bytes body(type, type + 4);
+    body.insert(body.end(), data.begin(), data.end());
+    put32be(out, static_cast<uint32_t>(data.size()));
+    out.insert(out.end(), body.begin(), body.end());
+    put32be(out, static_cast<uint32_t>(crc32(0, body.data(), static_cast<uInt>(body.size()))));
+  };
+  Bytes header;
+  put32be(header, width);
+  put32be(header, height);
+  header.insert(header.end(), {8, 0, 0, 0, 0});  // 8 bits, grey, deflate, no filter, no interlace
+  chunk("IHDR", header);
+  z_stream z{};
+  deflateInit(&z, 9);
+  const Bytes row(width + 1, 0);  // filter byte and pixels
+  Bytes compressed(1 << 16);
+  Bytes idat;
+  for (uint32_t r = 0; r <= rows; ++r) {
+    z.next_in = const_cast<Bytef*>(row.data());
+    z.avail_in = r < rows ? static_cast<uInt>(row.size()) : 0;
+    const int flush = r < rows ? Z_NO_FLUSH : Z_FINISH;
+    do {
+      z.next_out = compressed.data();
+      z.avail_out = static_cast<uInt>(compressed.size());
+      deflate(&z, flush);
+      idat.insert(idat.end(), compressed.data(), z.next_out);
+    } while (z.avail_out == 0);
+  }
+  deflateEnd(&z);
+  chunk("IDAT", idat);
+  chunk("IEND", {});
+  return out;
+}
+
+TEST(ImageCodec, PngDeclaringAHugeSizeIsRefusedBeforeItIsDecoded) {
+  // 23,000 by 23,000 pixels would take 2 GB; the file holds 4,000 rows, which decoded into such
+  // a picture would fill 368 MB before the data runs out.
+  const Bytes file = greyPngDeclaring(23000, 23000, 4000);
+  ASSERT_LT(file.size(), 200u * 1024);
+  if (!resetPeakMemory()) GTEST_SKIP() << "the peak memory of the process cannot be reset here";
+  const long before = peakMemoryKb();
+  EXPECT_FALSE(ImageCodec::decode(file, true));
+  EXPECT_LT(peakMemoryKb() - before, 64 * 1024) << "kB held at the peak while refusing the file";
 }
 
 class GdiPictures : public ::testing::Test {

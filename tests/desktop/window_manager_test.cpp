@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <corvane/runtime/error_handler.h>
 #include "support/desktop_fixture.h"
 
 namespace corvane {
@@ -274,6 +275,98 @@ TEST_F(WindowManagerTest, ForeignWindowsReportTheirProcess) {
   wm().setWindowProcess(h, pid + 1);
   wm().GetWindowThreadProcessId(h, &pid);
   EXPECT_NE(pid, wm().GetCurrentProcessId());
+}
+
+// A window whose procedure raises a run-time error for one message and records all others,
+// with the errors that reach the application's error handler.
+class LoopErrorTest : public WindowManagerTest {
+ protected:
+  static constexpr int32_t kFailing = 0x400, kOther = 0x401;
+  void SetUp() override {
+    WindowManagerTest::SetUp();
+    setErrorHandler([this](const RuntimeError& e) { errors.push_back(e); });
+    WNDPROC proc = wm().RegisterWindowProc([this](HWND hwnd, int32_t msg, WPARAM wp, LPARAM lp) -> LRESULT {
+      if (msg == kFailing || msg == failOn) throw RuntimeError(err::Overflow, "", "Window1");
+      log.push_back({hwnd, msg, wp, lp});
+      return 0;
+    });
+    window = wm().CreateWindowExA(0, "Test", "", WS_VISIBLE, 0, 0, 100, 100, 0, proc);
+  }
+  void TearDown() override {
+    setErrorHandler({});
+    WindowManagerTest::TearDown();
+  }
+  HWND window = 0;
+  int32_t failOn = -1;
+  std::vector<RuntimeError> errors;
+};
+
+TEST_F(LoopErrorTest, ErrorOfAPostedMessageGoesToTheHandlerAndTheLoopGoesOn) {
+  wm().PostMessageA(window, kFailing, 0, 0);
+  wm().PostMessageA(window, kOther, 0, 0);
+  EXPECT_NO_THROW(wm().DoEvents());
+  ASSERT_EQ(errors.size(), 1u);
+  EXPECT_EQ(errors[0].number(), err::Overflow);
+  EXPECT_EQ(errors[0].source(), "Window1");
+  EXPECT_EQ(count(window, kOther), 1);
+}
+
+TEST_F(LoopErrorTest, ErrorOfATimerGoesToTheHandlerAndTheTimerKeepsFiring) {
+  failOn = wm::TIMER;
+  wm().SetTimer(window, 1, 100);
+  EXPECT_NO_THROW(wm().advance(250));
+  EXPECT_EQ(errors.size(), 2u);
+}
+
+TEST_F(LoopErrorTest, ErrorOfInputGoesToTheHandler) {
+  failOn = wm::LBUTTONDOWN;
+  wm().mouseMove(10, 10);
+  EXPECT_NO_THROW(wm().mouseDown(1));
+  wm().mouseUp(1);
+  ASSERT_EQ(errors.size(), 1u);
+  EXPECT_EQ(count(window, wm::LBUTTONUP), 1);
+  failOn = wm::KEYDOWN;
+  wm().SetFocus(window);
+  EXPECT_NO_THROW(wm().keyDown(65));
+  EXPECT_EQ(errors.size(), 2u);
+}
+
+TEST_F(LoopErrorTest, OtherExceptionsAreReportedAsInternalErrors) {
+  WNDPROC proc = wm().RegisterWindowProc([](HWND, int32_t msg, WPARAM, LPARAM) -> LRESULT {
+    if (msg == kOther) throw std::logic_error("broken");
+    return 0;
+  });
+  HWND other = wm().CreateWindowExA(0, "Test", "", WS_VISIBLE, 0, 0, 10, 10, 0, proc);
+  wm().PostMessageA(other, kOther, 0, 0);
+  EXPECT_NO_THROW(wm().DoEvents());
+  ASSERT_EQ(errors.size(), 1u);
+  EXPECT_EQ(errors[0].number(), err::InternalError);
+  EXPECT_EQ(errors[0].description(), "broken");
+}
+
+TEST_F(LoopErrorTest, DirectSendStillPassesTheErrorToTheCaller) {
+  EXPECT_THROW(wm().SendMessageA(window, kFailing, 0, 0), RuntimeError);
+  EXPECT_TRUE(errors.empty());
+}
+
+TEST(ErrorHandler, DefaultWritesNumberDescriptionAndSourceToTheErrorStream) {
+  setErrorHandler({});
+  testing::internal::CaptureStderr();
+  reportError(RuntimeError(err::Overflow, "", "VexHoverPic"));
+  const std::string text = testing::internal::GetCapturedStderr();
+  EXPECT_NE(text.find("6"), std::string::npos) << text;
+  EXPECT_NE(text.find("Overflow"), std::string::npos) << text;
+  EXPECT_NE(text.find("VexHoverPic"), std::string::npos) << text;
+}
+
+TEST(ErrorHandler, AHandlerThatThrowsDoesNotEndTheLoop) {
+  setErrorHandler([](const RuntimeError&) { throw RuntimeError(err::TypeMismatch); });
+  testing::internal::CaptureStderr();
+  EXPECT_NO_THROW(reportError(RuntimeError(err::Overflow)));
+  const std::string text = testing::internal::GetCapturedStderr();
+  setErrorHandler({});
+  EXPECT_NE(text.find("Overflow"), std::string::npos) << text;
+  EXPECT_NE(text.find("Type mismatch"), std::string::npos) << text;
 }
 
 }  // namespace

@@ -2,11 +2,15 @@
 
 #include <cairo.h>
 
+#include <cstdio>
+#include <fstream>
+#include <string>
 #include <vector>
 
 #include <corvane/host/std_picture.h>
 #include "resources/embedded.h"
 #include "support/desktop_fixture.h"
+#include "runtime/expect_error.h"
 #include "support/png_bytes.h"
 
 namespace corvane {
@@ -52,6 +56,18 @@ TEST_F(PictureTest, BytesThatAreNoPictureGiveNothing) {
   auto png = pngBytes(8, 8);
   png.resize(png.size() / 2);
   EXPECT_EQ(StdPicture::fromBytes(png), nullptr);
+}
+
+TEST_F(PictureTest, FileOfAPictureBeyondTheSizeLimitIsAnInvalidPicture) {
+  const std::string path = ::testing::TempDir() + "wide_picture.png";
+  auto write = [&](const std::vector<unsigned char>& bytes) {
+    std::ofstream(path, std::ios::binary).write(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+  };
+  write(pngBytes(16384, 1));
+  EXPECT_EQ(LoadPicture(path)->pixelSize().cx, 16384);
+  write(pngBytes(16385, 1));
+  EXPECT_RUNTIME_ERROR(LoadPicture(path), 481);
+  std::remove(path.c_str());
 }
 
 TEST_F(PictureTest, MissingFileAndMissingResourceAreNumberedErrors) {

@@ -49,3 +49,10 @@ TEST(Now, GivesAPlausibleLocalTime) {
   EXPECT_LE(now.minute, 59);
   EXPECT_LE(now.second, 60);
 }
+
+TEST(FormatDate, SmallestFieldValueKeepsOneSign) {
+  const DateTime extreme{INT32_MIN, INT32_MIN, INT32_MIN, INT32_MIN, INT32_MIN, INT32_MIN};
+  EXPECT_EQ(FormatDate(extreme, "dd"), "-2147483648");
+  EXPECT_EQ(FormatDate(extreme, "d/m h:n:s"), "-2147483648/-2147483648 -2147483648:-2147483648:-2147483648");
+  EXPECT_EQ(FormatDate(extreme, "yyyy yy"), "-2147483648 52");
+}

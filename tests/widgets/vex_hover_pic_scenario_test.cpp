@@ -4,7 +4,9 @@
 #include <string>
 #include <vector>
 
+#include <corvane/host/property_bag.h>
 #include <corvane/platform/api.h>
+#include <corvane/runtime/error_handler.h>
 #include "support/hover_fixture.h"
 
 namespace corvane {
@@ -101,6 +103,34 @@ TEST_F(HoverScenarioTest, LeavingRaisesMouseOutAtZeroAndRedraws) {
   moveOff();
   EXPECT_TRUE(looksUp());
   EXPECT_EQ(log, (std::vector<std::string>{"MouseMove 0", "MouseOut 0 0"}));
+}
+
+TEST_F(HoverScenarioTest, StoredValueBeyondSixteenBitsIsKeptAndSurvivesHoverAndLeave) {
+  std::vector<int32_t> reported;
+  setErrorHandler([&](const RuntimeError& e) { reported.push_back(e.number()); });
+  PropertyBag bag;
+  bag.WriteProperty("Value", int32_t{32768}, int32_t{0});
+  FormRef other = makeForm(true, "Form2");
+  auto loaded = addHover(*other, "Hover2", &bag);
+  ASSERT_TRUE(loaded);
+  EXPECT_EQ(static_cast<int32_t>(loaded->Value()), 32768);
+  logEvents(*loaded);
+  EXPECT_NO_THROW(moveTo(8, 8));
+  EXPECT_NO_THROW(moveOff());
+  setErrorHandler({});
+  EXPECT_TRUE(reported.empty());
+  EXPECT_EQ(count("MouseOut 0 0"), 1);
+}
+
+TEST_F(HoverScenarioTest, StoredValueBeyondThirtyTwoBitsKeepsTheDefault) {
+  PropertyBag bag;
+  bag.WriteProperty("Value", 4294967296.0, int32_t{0});
+  bag.WriteProperty("Style", int32_t{abCheckButton}, int32_t{0});
+  FormRef other = makeForm(true, "Form2");
+  auto loaded = addHover(*other, "Hover2", &bag);
+  ASSERT_TRUE(loaded);
+  EXPECT_EQ(loaded->Value(), abUnPressed);
+  EXPECT_EQ(loaded->Style(), abCheckButton);
 }
 
 TEST_F(HoverScenarioTest, MouseLeaveArrivesThroughTheSubclass) {

@@ -16,6 +16,7 @@ constexpr int32_t SubscriptOutOfRange = 9;
 constexpr int32_t DivisionByZero = 11;
 constexpr int32_t TypeMismatch = 13;
 constexpr int32_t CancelError = 18;
+constexpr int32_t InternalError = 51;
 constexpr int32_t ObjectNotSet = 91;
 constexpr int32_t InvalidUseOfNull = 94;
 constexpr int32_t InvalidPropertyValue = 380;

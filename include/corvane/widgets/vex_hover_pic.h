@@ -72,7 +72,8 @@ class CORVANE_API VexHoverPic : public ControlBase {
   void Terminate() override;
 
   // The drawing steps, public so that tests and the gallery can follow them.
-  void Draw(int16_t State);
+  // State is as wide as Value, which it is often given.
+  void Draw(int32_t State);
   void AdjustSize();
   bool skipNextDown() const { return m_SkipNextDown != 0; }
   // The subclass of the own window; nullptr before Initialize and after Terminate.

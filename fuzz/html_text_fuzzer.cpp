@@ -7,8 +7,11 @@
 #include <memory>
 #include <string>
 
+#include "fuzz_desktop.h"
+
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   static const auto view = [] {
+    corvane::fuzz::headlessDesktop();
     auto v = std::make_shared<corvane::VexHTML>();
     v->setEnableAnchors(true);
     return v;
