@@ -2,7 +2,7 @@
 # Installs the Debian packages the build needs, only when one is missing.
 set -euo pipefail
 packages=(build-essential cmake pkg-config libcairo2-dev libpango1.0-dev libsdl2-dev nlohmann-json3-dev
-          libsqlite3-dev libgtest-dev libgmock-dev libbenchmark-dev fonts-dejavu-core fonts-liberation2)
+          libsqlite3-dev libgtest-dev libgmock-dev libbenchmark-dev libssl-dev fonts-dejavu-core fonts-liberation2)
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")

@@ -11,6 +11,8 @@
 #include <corvane/frame/tile_picture.h>
 #include <corvane/html/vex_html.h>
 #include <corvane/runtime/class_registry.h>
+#include <corvane/system/mdf.h>
+#include <corvane/system/my_tools.h>
 #include <corvane/widgets/vex_color_label.h>
 #include <corvane/widgets/vex_hover_pic.h>
 
@@ -27,6 +29,8 @@ void registerLibraryClasses(ClassRegistry& registry) {
   registry.registerFactory("VexLFrame", [] { return std::make_shared<VexLFrame>(); });
   registry.registerFactory("VexLPane", [] { return std::make_shared<VexLPane>(); });
   registry.registerFactory("VexHTML", [] { return std::make_shared<VexHTML>(); });
+  registry.registerFactory("cMyTools", [] { return std::make_shared<cMyTools>(); });
+  registry.registerFactory("cMDF", [] { return std::make_shared<cMDF>(); });
 }
 
 }  // namespace corvane
