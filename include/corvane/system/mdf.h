@@ -15,6 +15,7 @@ namespace corvane {
 // - for a count above 56 modulo 64 the pad is 120 minus the whole count, which is standard only
 //   below 64 bytes and otherwise short, empty or negative;
 // - a file whose length is a multiple of 64 loses its last block.
+// Files are read through a handle of each call, so objects may digest files at the same time.
 class cMDF : public Object, public ComponentObject {
  public:
   std::string typeName() const override { return "cMDF"; }
