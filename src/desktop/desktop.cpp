@@ -1,11 +1,13 @@
 #include "desktop/desktop.h"
 
 #include <spawn.h>
+#include <sys/random.h>
 #include <sys/utsname.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdlib>
 #include <filesystem>
 #include <thread>
@@ -154,6 +156,77 @@ bool Desktop::sndPlaySoundA(const std::string& path, int32_t) {
     break;
   }
   return true;
+}
+
+namespace {
+// A fixed buffer of `size` characters holds size - 1 of them and the terminator.
+int32_t fit(const std::string& text, int32_t size, std::string& out) {
+  if (size <= 0) return 0;
+  out = text.substr(0, static_cast<size_t>(size - 1));
+  return static_cast<int32_t>(out.size());
+}
+}  // namespace
+
+bool Desktop::GetUserNameA(std::string& name, int32_t size) {
+  std::string user = m_facts.userName();
+  if (user.empty()) return false;
+  fit(user, size, name);
+  return true;
+}
+
+int32_t Desktop::GetTempPathA(int32_t size, std::string& path) { return fit(m_facts.tempPath(), size, path); }
+
+int32_t Desktop::GetWindowsDirectoryA(std::string& path, int32_t size) {
+  return fit(m_facts.windowsDirectory(), size, path);
+}
+
+int32_t Desktop::GetSystemDirectoryA(std::string& path, int32_t size) {
+  return fit(m_facts.systemDirectory(), size, path);
+}
+
+bool Desktop::SHGetSpecialFolderPathA(int32_t folder, std::string& path) {
+  auto found = m_facts.specialFolder(folder);
+  if (!found) return false;
+  path = *found;
+  return true;
+}
+
+// Sixteen bytes of the kernel's random source, marked as version 4, variant 1.
+bool Desktop::CoCreateGuid(GUID& guid) {
+  uint8_t b[16];
+  size_t got = 0;
+  while (got < sizeof b) {
+    ssize_t n = getrandom(b + got, sizeof b - got, 0);
+    if (n < 0) {
+      if (errno == EINTR) continue;
+      return false;
+    }
+    got += static_cast<size_t>(n);
+  }
+  b[6] = static_cast<uint8_t>((b[6] & 0x0F) | 0x40);
+  b[8] = static_cast<uint8_t>((b[8] & 0x3F) | 0x80);
+  guid.Data1 = (uint32_t(b[0]) << 24) | (uint32_t(b[1]) << 16) | (uint32_t(b[2]) << 8) | b[3];
+  guid.Data2 = static_cast<uint16_t>((b[4] << 8) | b[5]);
+  guid.Data3 = static_cast<uint16_t>((b[6] << 8) | b[7]);
+  std::copy(b + 8, b + 16, guid.Data4);
+  return true;
+}
+
+std::vector<int32_t> Desktop::EnumProcesses() {
+  std::vector<int32_t> ids;
+  for (const auto& p : m_facts.processes()) ids.push_back(p.id);
+  return ids;
+}
+
+int32_t Desktop::GetModuleFileNameExA(int32_t processId, std::string& path, int32_t size) {
+  std::string found = m_facts.processPath(processId);
+  return found.empty() ? 0 : fit(found, size, path);
+}
+
+std::vector<PROCESSENTRY32> Desktop::CreateToolhelp32Snapshot() {
+  std::vector<PROCESSENTRY32> list;
+  for (const auto& p : m_facts.processes()) list.push_back({p.id, p.exeFile});
+  return list;
 }
 
 }  // namespace corvane

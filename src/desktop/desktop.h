@@ -5,6 +5,7 @@
 
 #include "desktop/canvas.h"
 #include "desktop/clock.h"
+#include "desktop/system_facts.h"
 #include "desktop/window_manager.h"
 #include <corvane/platform/platform.h>
 
@@ -64,6 +65,15 @@ class Desktop : public Platform, public SystemApi {
   bool sndPlaySoundA(const std::string& path, int32_t flags) override;
   std::string applicationPath() override { return m_appPath; }
   std::string applicationName() override { return m_appName; }
+  bool GetUserNameA(std::string& name, int32_t size) override;
+  int32_t GetTempPathA(int32_t size, std::string& path) override;
+  int32_t GetWindowsDirectoryA(std::string& path, int32_t size) override;
+  int32_t GetSystemDirectoryA(std::string& path, int32_t size) override;
+  bool SHGetSpecialFolderPathA(int32_t folder, std::string& path) override;
+  bool CoCreateGuid(GUID& guid) override;
+  std::vector<int32_t> EnumProcesses() override;
+  int32_t GetModuleFileNameExA(int32_t processId, std::string& path, int32_t size) override;
+  std::vector<PROCESSENTRY32> CreateToolhelp32Snapshot() override;
 
   // Test and host settings of the system facts.
   void setApplicationPath(const std::string& path) { m_appPath = path; }
@@ -71,6 +81,11 @@ class Desktop : public Platform, public SystemApi {
   void setVersion(const OSVERSIONINFO& info) { m_version = info; }
   const std::vector<std::string>& soundsPlayed() const { return m_sounds; }
   void setSoundOutput(bool on) { m_soundOutput = on; }  // real audio output where a player exists
+  // The user, folders and processes, which a test can pin.
+  SystemFacts& systemFacts() { return m_facts; }
+  void setMonitors(int32_t count, int32_t virtualWidth, int32_t virtualHeight) {
+    m_windows->setMonitors(count, virtualWidth, virtualHeight);
+  }
 
  private:
   Options m_options;
@@ -82,6 +97,7 @@ class Desktop : public Platform, public SystemApi {
   OSVERSIONINFO m_version;
   std::vector<std::string> m_sounds;
   bool m_soundOutput = false;
+  SystemFacts m_facts;
 };
 
 }  // namespace corvane

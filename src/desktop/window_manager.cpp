@@ -532,10 +532,19 @@ bool WindowManager::TrackMouseEvent(TRACKMOUSEEVENT& request) {
   return true;
 }
 
+void WindowManager::setMonitors(int32_t count, int32_t virtualWidth, int32_t virtualHeight) {
+  m_monitors = count;
+  m_virtualWidth = virtualWidth;
+  m_virtualHeight = virtualHeight;
+}
+
 int32_t WindowManager::GetSystemMetrics(int32_t index) {
   switch (index) {
     case SM_CXSCREEN: return m_screenWidth;
     case SM_CYSCREEN: return m_screenHeight;
+    case SM_CXVIRTUALSCREEN: return m_virtualWidth > 0 ? m_virtualWidth : m_screenWidth;
+    case SM_CYVIRTUALSCREEN: return m_virtualHeight > 0 ? m_virtualHeight : m_screenHeight;
+    case SM_CMONITORS: return m_monitors;
     case SM_CXDOUBLECLK: case SM_CYDOUBLECLK: return kDoubleClickBox;
     default: return 0;
   }

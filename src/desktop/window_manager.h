@@ -122,6 +122,9 @@ class WindowManager : public UserApi, public WindowImages {
   std::vector<HWND> topLevelWindows() const;             // bottom to top, top-most ones last
   int32_t screenWidth() const { return m_screenWidth; }
   int32_t screenHeight() const { return m_screenHeight; }
+  // The monitors: their count and the size of the box over all of them. The screen image is the
+  // primary monitor; with one monitor the box is the screen.
+  void setMonitors(int32_t count, int32_t virtualWidth, int32_t virtualHeight);
   uint64_t drawCount() const { return m_drawCount; }
 
   // Synthetic input: each call delivers its messages at once, then pumps posted messages.
@@ -173,6 +176,7 @@ class WindowManager : public UserApi, public WindowImages {
 
   Clock& m_clock;
   int32_t m_screenWidth, m_screenHeight;
+  int32_t m_monitors = 1, m_virtualWidth = 0, m_virtualHeight = 0;  // 0: the screen's size
   std::unordered_map<HWND, std::unique_ptr<DesktopWindow>> m_windows;
   std::vector<HWND> m_topLevel;  // bottom to top
   std::unordered_map<WNDPROC, WindowProcedure> m_procs;

@@ -12,6 +12,8 @@
 #include <corvane/html/vex_html.h>
 #include <corvane/host/std_picture.h>
 #include <corvane/runtime/class_registry.h>
+#include <corvane/system/mdf.h>
+#include <corvane/system/my_tools.h>
 #include <corvane/widgets/vex_color_label.h>
 #include <corvane/widgets/vex_hover_pic.h>
 
@@ -28,6 +30,8 @@ void registerLibraryClasses(ClassRegistry& registry) {
   registry.registerFactory("VexLFrame", [] { return std::make_shared<VexLFrame>(); });
   registry.registerFactory("VexLPane", [] { return std::make_shared<VexLPane>(); });
   registry.registerFactory("VexHTML", [] { return std::make_shared<VexHTML>(); });
+  registry.registerFactory("cMyTools", [] { return std::make_shared<cMyTools>(); });
+  registry.registerFactory("cMDF", [] { return std::make_shared<cMDF>(); });
 
   // Enumerations under the names of the interface; the C++ members carry a prefix.
   registry.registerEnum("BorderType", {{"None", VexPane::btNone},

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <set>
 #include <stdexcept>
 
@@ -14,14 +15,15 @@ namespace {
 
 class Probe : public Object, public ComponentObject {
  public:
-  std::string typeName() const override { return "cMDF"; }
+  std::string typeName() const override { return "cFormMinMax"; }
 };
 
-// Restores a class's factory (empty: unavailable) when a test ends.
+// Restores a class's factory as it was before the test.
 struct FactoryReset {
-  explicit FactoryReset(std::string n) : name(std::move(n)) {}
-  ~FactoryReset() { ClassRegistry::instance().registerFactory(name, {}); }
+  explicit FactoryReset(std::string n) : name(std::move(n)), saved(ClassRegistry::instance().find(name)->factory) {}
+  ~FactoryReset() { ClassRegistry::instance().registerFactory(name, saved); }
   std::string name;
+  std::function<ObjectRef()> saved;
 };
 
 std::string errorDescription(const std::function<void()>& f) {
@@ -111,31 +113,31 @@ TEST(ClassRegistry, CreateOfUnknownClassIsError429) {
 
 TEST(ClassRegistry, CreateOfClassWithoutFactoryIsError429) {
   auto& r = ClassRegistry::instance();
-  FactoryReset reset("cMDF");
-  r.registerFactory("cMDF", {});
-  EXPECT_RUNTIME_ERROR(r.create("cmdf"), 429);
-  EXPECT_EQ(errorDescription([&] { r.create("cmdf"); }), "Class 'cMDF' is not available in this build");
-  EXPECT_EQ(errorDescription([&] { r.createById("F7BF2924-2F62-4F1C-ACD5-80A18470CF4F"); }),
-            "Class 'cMDF' is not available in this build");
+  FactoryReset reset("cFormMinMax");
+  r.registerFactory("cFormMinMax", {});
+  EXPECT_RUNTIME_ERROR(r.create("cformminmax"), 429);
+  EXPECT_EQ(errorDescription([&] { r.create("cformminmax"); }), "Class 'cFormMinMax' is not available in this build");
+  EXPECT_EQ(errorDescription([&] { r.createById("A24DE9AD-16DF-4BA5-B4A2-6DB1E39AF32E"); }),
+            "Class 'cFormMinMax' is not available in this build");
 }
 
 TEST(ClassRegistry, CreatesThroughTheRegisteredFactory) {
   auto& r = ClassRegistry::instance();
-  FactoryReset reset("cMDF");
-  r.registerFactory("cMDF", [] { return std::make_shared<Probe>(); });
-  ObjectRef a = r.create("cMDF");
+  FactoryReset reset("cFormMinMax");
+  r.registerFactory("cFormMinMax", [] { return std::make_shared<Probe>(); });
+  ObjectRef a = r.create("cFormMinMax");
   ASSERT_TRUE(a);
-  EXPECT_EQ(a->typeName(), "cMDF");
-  ObjectRef b = r.createById("{F7BF2924-2F62-4F1C-ACD5-80A18470CF4F}");
+  EXPECT_EQ(a->typeName(), "cFormMinMax");
+  ObjectRef b = r.createById("{A24DE9AD-16DF-4BA5-B4A2-6DB1E39AF32E}");
   ASSERT_TRUE(b);
   EXPECT_NE(a, b);
 }
 
 TEST(ClassRegistry, AFactoryGivingNothingIsError429) {
   auto& r = ClassRegistry::instance();
-  FactoryReset reset("cMDF");
-  r.registerFactory("cMDF", [] { return ObjectRef(); });
-  EXPECT_RUNTIME_ERROR(r.create("cMDF"), 429);
+  FactoryReset reset("cFormMinMax");
+  r.registerFactory("cFormMinMax", [] { return ObjectRef(); });
+  EXPECT_RUNTIME_ERROR(r.create("cFormMinMax"), 429);
 }
 
 TEST(ClassRegistry, RegisteringAnUnknownNameIsALogicError) {
@@ -145,11 +147,11 @@ TEST(ClassRegistry, RegisteringAnUnknownNameIsALogicError) {
 
 TEST(ClassRegistry, CountsLiveObjects) {
   auto& r = ClassRegistry::instance();
-  FactoryReset reset("cMDF");
-  r.registerFactory("cMDF", [] { return std::make_shared<Probe>(); });
+  FactoryReset reset("cFormMinMax");
+  r.registerFactory("cFormMinMax", [] { return std::make_shared<Probe>(); });
   const int64_t before = ClassRegistry::liveObjects();
   {
-    ObjectRef a = r.create("cMDF");
+    ObjectRef a = r.create("cFormMinMax");
     EXPECT_EQ(ClassRegistry::liveObjects(), before + 1);
     EXPECT_FALSE(ClassRegistry::canUnloadNow());
   }

@@ -170,6 +170,19 @@ class CORVANE_API SystemApi {
   virtual bool sndPlaySoundA(const std::string& path, int32_t flags) = 0;
   virtual std::string applicationPath() = 0;  // folder of the running program, no trailing separator
   virtual std::string applicationName() = 0;
+
+  // The user, folders, identifiers and processes. Text results are cut to size - 1 characters
+  // where a size is given, as a fixed buffer of that size holds them.
+  virtual bool GetUserNameA(std::string& name, int32_t size) = 0;          // false when unknown
+  virtual int32_t GetTempPathA(int32_t size, std::string& path) = 0;         // its length, 0 when none
+  virtual int32_t GetWindowsDirectoryA(std::string& path, int32_t size) = 0;  // its length, 0 when none
+  virtual int32_t GetSystemDirectoryA(std::string& path, int32_t size) = 0;   // its length, 0 when none
+  virtual bool SHGetSpecialFolderPathA(int32_t folder, std::string& path) = 0;  // false for an unknown one
+  virtual bool CoCreateGuid(GUID& guid) = 0;  // a random identifier of version 4
+  virtual std::vector<int32_t> EnumProcesses() = 0;
+  // The path of the process's program; 0 when the process cannot be opened.
+  virtual int32_t GetModuleFileNameExA(int32_t processId, std::string& path, int32_t size) = 0;
+  virtual std::vector<PROCESSENTRY32> CreateToolhelp32Snapshot() = 0;
 };
 
 class CORVANE_API Platform {

@@ -71,6 +71,22 @@ struct CORVANE_API OSVERSIONINFO {
   std::string szCSDVersion;
 };
 
+// A 128-bit identifier in the platform's layout.
+struct GUID {
+  uint32_t Data1 = 0;
+  uint16_t Data2 = 0, Data3 = 0;
+  uint8_t Data4[8] = {};
+};
+
+// One running process as a snapshot lists it: its identifier and its program's file name.
+struct PROCESSENTRY32 {
+  int32_t th32ProcessID = 0;
+  std::string szExeFile;
+};
+
+// Special folders.
+constexpr int32_t CSIDL_PERSONAL = 5, CSIDL_APPDATA = 26;
+
 // Message numbers.
 namespace wm {
 constexpr int32_t CREATE = 1, DESTROY = 2, MOVE = 3, SIZE = 5, SETFOCUS = 7, KILLFOCUS = 8, ENABLE = 10,
@@ -105,6 +121,7 @@ constexpr int32_t TME_LEAVE = 2;
 constexpr int32_t MK_LBUTTON = 1, MK_RBUTTON = 2, MK_SHIFT = 4, MK_CONTROL = 8, MK_MBUTTON = 16;
 constexpr int32_t VK_LBUTTON = 1, VK_RBUTTON = 2, VK_MBUTTON = 4, VK_SHIFT = 16, VK_CONTROL = 17, VK_MENU = 18;
 constexpr int32_t SM_CXSCREEN = 0, SM_CYSCREEN = 1, SM_CXDOUBLECLK = 36, SM_CYDOUBLECLK = 37;
+constexpr int32_t SM_CXVIRTUALSCREEN = 78, SM_CYVIRTUALSCREEN = 79, SM_CMONITORS = 80;
 constexpr int32_t LOGPIXELSX = 88, LOGPIXELSY = 90, BITSPIXEL = 12, HORZRES = 8, VERTRES = 10;
 constexpr int32_t IMAGE_BITMAP = 0, IMAGE_ICON = 1, IMAGE_CURSOR = 2;
 
