@@ -11,6 +11,7 @@
 #include <corvane/frame/tile_picture.h>
 #include <corvane/html/vex_html.h>
 #include <corvane/runtime/class_registry.h>
+#include <corvane/system/reg_settings.h>
 #include <corvane/widgets/vex_color_label.h>
 #include <corvane/widgets/vex_hover_pic.h>
 
@@ -27,6 +28,7 @@ void registerLibraryClasses(ClassRegistry& registry) {
   registry.registerFactory("VexLFrame", [] { return std::make_shared<VexLFrame>(); });
   registry.registerFactory("VexLPane", [] { return std::make_shared<VexLPane>(); });
   registry.registerFactory("VexHTML", [] { return std::make_shared<VexHTML>(); });
+  registry.registerFactory("cRegSettings", [] { return std::make_shared<cRegSettings>(); });
 }
 
 }  // namespace corvane
