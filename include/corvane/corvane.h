@@ -4,11 +4,13 @@
 #include <corvane/export.h>
 #include <corvane/version.h>
 
+#include <corvane/runtime/array2d_object.h>
 #include <corvane/runtime/array_object.h>
 #include <corvane/runtime/checked.h>
 #include <corvane/runtime/class_registry.h>
 #include <corvane/runtime/component_object.h>
 #include <corvane/runtime/datetime.h>
+#include <corvane/runtime/error_handler.h>
 #include <corvane/runtime/event.h>
 #include <corvane/runtime/format.h>
 #include <corvane/runtime/guard.h>
@@ -60,6 +62,10 @@
 #include <corvane/html/html_tokenizer.h>
 #include <corvane/html/html_tree.h>
 #include <corvane/html/vex_html.h>
+
+#include <corvane/system/mdf.h>
+#include <corvane/system/my_tools.h>
+#include <corvane/system/reg_settings.h>
 
 #include <corvane/widgets/vex_color_label.h>
 #include <corvane/widgets/vex_hover_pic.h>

@@ -59,6 +59,7 @@ Desktop::Desktop(Options options)
       m_windows(std::make_unique<WindowManager>(m_clock, options.width, options.height)),
       m_gdi(std::make_unique<DesktopGdi>(*m_windows)),
       m_screen(std::make_unique<Canvas>(options.width, options.height, options.desktopColour)),
+      m_registry(std::make_unique<DesktopRegistry>(*m_gdi)),
       m_appPath(executableFolder()),
       m_appName(executableName()),
       m_version(systemVersion()) {
@@ -66,6 +67,7 @@ Desktop::Desktop(Options options)
   m_windows->setRegionSource([this](HRGN r) { return m_gdi->regionRects(r); },
                              [this](HRGN r) { m_gdi->DeleteObject(r); });
   setTwipsPerPixel(options.twipsPerPixelX, options.twipsPerPixelY);
+  m_registry->useFile(options.registryFile);
 }
 
 // Windows still open at the end are dropped without messages: their owners may be gone already.

@@ -6,6 +6,7 @@
 #include "desktop/canvas.h"
 #include "desktop/clock.h"
 #include "desktop/system_facts.h"
+#include "desktop/desktop_registry.h"
 #include "desktop/window_manager.h"
 #include <corvane/platform/platform.h>
 
@@ -24,6 +25,7 @@ class Desktop : public Platform, public SystemApi {
     int32_t twipsPerPixelX = 15;
     int32_t twipsPerPixelY = 15;
     COLORREF desktopColour = 0xA56E3A;  // the classic blue-grey desktop
+    std::string registryFile = {};      // the settings store's file; empty keeps it in memory
   };
 
   Desktop();
@@ -33,6 +35,7 @@ class Desktop : public Platform, public SystemApi {
   GdiApi& gdi() override;
   UserApi& user() override { return *m_windows; }
   SystemApi& system() override { return *this; }
+  DesktopRegistry& registry() override { return *m_registry; }
 
   WindowManager& windows() { return *m_windows; }
   DesktopGdi& drawing() { return *m_gdi; }
@@ -93,6 +96,7 @@ class Desktop : public Platform, public SystemApi {
   std::unique_ptr<WindowManager> m_windows;
   std::unique_ptr<DesktopGdi> m_gdi;
   std::unique_ptr<Canvas> m_screen;
+  std::unique_ptr<DesktopRegistry> m_registry;
   std::string m_appPath, m_appName;
   OSVERSIONINFO m_version;
   std::vector<std::string> m_sounds;

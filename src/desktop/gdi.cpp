@@ -146,6 +146,26 @@ const GdiObject* DesktopGdi::picture(int32_t handle) {
   return o;
 }
 
+HKEY DesktopGdi::addKeyHandle(int64_t keyId, int32_t access) {
+  GdiObject key(GdiObject::Kind::Key);
+  key.keyId = keyId;
+  key.keyAccess = access;
+  ++m_liveKeys;
+  return addObject(std::move(key));
+}
+
+const GdiObject* DesktopGdi::keyHandle(HKEY handle) {
+  const GdiObject* o = object(handle);
+  return o && o->kind == GdiObject::Kind::Key ? o : nullptr;
+}
+
+bool DesktopGdi::removeKeyHandle(HKEY handle) {
+  if (!keyHandle(handle)) return false;
+  removeObject(handle);
+  --m_liveKeys;
+  return true;
+}
+
 HDC DesktopGdi::addDc(std::unique_ptr<DcState> state) {
   selectDefaults(*state);
   HDC handle = newHandle();
@@ -386,6 +406,8 @@ HGDIOBJ DesktopGdi::SelectObject(HDC hdc, HGDIOBJ obj) {
       return previous;
     case GdiObject::Kind::Region:
       return 0;  // clipping regions are not supported
+    case GdiObject::Kind::Key:
+      return 0;
   }
   return 0;
 }
@@ -412,7 +434,7 @@ void DesktopGdi::SetDCFont(HDC hdc, const FontSpec& font) {
 bool DesktopGdi::DeleteObject(HGDIOBJ obj) {
   recordEverywhere("DeleteObject", obj);
   const GdiObject* o = object(obj);
-  if (!o || o->stock || o->dcOwned) return false;
+  if (!o || o->stock || o->dcOwned || o->kind == GdiObject::Kind::Key) return false;
   if (o->kind == GdiObject::Kind::Image && o->icon) return false;  // icons go through DestroyIcon
   removeObject(obj);
   return true;

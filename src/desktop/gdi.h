@@ -129,6 +129,14 @@ class DesktopGdi : public GdiApi {
   void startRecording(HDC hdc) override;
   std::vector<std::string> stopRecording(HDC hdc) override;
 
+  // Open keys of the settings store share this table, so that no key handle is ever taken for a
+  // drawing object or a context. They are not drawing objects: liveObjectCount leaves them out,
+  // and DeleteObject refuses them.
+  HKEY addKeyHandle(int64_t keyId, int32_t access);
+  const GdiObject* keyHandle(HKEY handle);  // null when the handle is no open key
+  bool removeKeyHandle(HKEY handle);
+  int32_t openKeyHandles() const { return m_liveKeys; }
+
  private:
   DcState* dc(HDC hdc);
   GdiObject* object(int32_t handle);
@@ -159,7 +167,7 @@ class DesktopGdi : public GdiApi {
   std::unordered_map<int32_t, GdiObject> m_objects;
   std::unordered_map<HDC, std::unique_ptr<DcState>> m_dcs;
   int32_t m_nextHandle = 0x100;
-  int32_t m_liveObjects = 0, m_liveImages = 0, m_recording = 0;
+  int32_t m_liveObjects = 0, m_liveImages = 0, m_liveKeys = 0, m_recording = 0;
   int32_t m_dpiX = 96, m_dpiY = 96;
   HPEN m_stockPen = 0;
   HBRUSH m_stockBrush = 0;

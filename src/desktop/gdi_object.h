@@ -9,9 +9,10 @@
 
 namespace corvane {
 
-// An entry of the handle table: a drawing object, a bitmap or a loaded picture.
+// An entry of the handle table: a drawing object, a bitmap, a loaded picture or an open key of
+// the settings store.
 struct GdiObject {
-  enum class Kind { Pen, Brush, Font, Region, Bitmap, Image };
+  enum class Kind { Pen, Brush, Font, Region, Bitmap, Image, Key };
   explicit GdiObject(Kind k) : kind(k) {}
 
   Kind kind;
@@ -29,8 +30,11 @@ struct GdiObject {
   std::shared_ptr<Canvas> canvas;  // bitmap or picture pixels
   bool icon = false;               // a loaded icon or cursor: drawn through its alpha
 
+  int64_t keyId = 0;      // the key's row in the settings store
+  int32_t keyAccess = 0;  // the access it was opened with
+
   // Counted by liveObjectCount: what a caller created and must delete.
-  bool counted() const { return !stock && !dcOwned && kind != Kind::Image; }
+  bool counted() const { return !stock && !dcOwned && kind != Kind::Image && kind != Kind::Key; }
 };
 
 }  // namespace corvane

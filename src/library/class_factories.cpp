@@ -14,6 +14,7 @@
 #include <corvane/runtime/class_registry.h>
 #include <corvane/system/mdf.h>
 #include <corvane/system/my_tools.h>
+#include <corvane/system/reg_settings.h>
 #include <corvane/widgets/vex_color_label.h>
 #include <corvane/widgets/vex_hover_pic.h>
 
@@ -30,6 +31,7 @@ void registerLibraryClasses(ClassRegistry& registry) {
   registry.registerFactory("VexLFrame", [] { return std::make_shared<VexLFrame>(); });
   registry.registerFactory("VexLPane", [] { return std::make_shared<VexLPane>(); });
   registry.registerFactory("VexHTML", [] { return std::make_shared<VexHTML>(); });
+  registry.registerFactory("cRegSettings", [] { return std::make_shared<cRegSettings>(); });
   registry.registerFactory("cMyTools", [] { return std::make_shared<cMyTools>(); });
   registry.registerFactory("cMDF", [] { return std::make_shared<cMDF>(); });
 

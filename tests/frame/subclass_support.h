@@ -188,6 +188,7 @@ class FaultyPlatform : public Platform {
   GdiApi& gdi() override { return m_inner.gdi(); }
   UserApi& user() override { return m_user; }
   SystemApi& system() override { return m_inner.system(); }
+  RegistryApi& registry() override { return m_inner.registry(); }
   FaultyUser& faults() { return m_user; }
 
  private:

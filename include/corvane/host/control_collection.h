@@ -1,4 +1,5 @@
 #pragma once
+#include <corvane/export.h>
 #include <corvane/runtime/object.h>
 
 #include <cstdint>
@@ -12,7 +13,7 @@ class Extender;
 
 // The controls contained in a container, as a host reaches them by name: Count, and Item by a
 // zero-based index or by a control's name. It holds the list as it was when it was asked for.
-class ControlCollection : public Object {
+class CORVANE_API ControlCollection : public Object {
  public:
   explicit ControlCollection(std::vector<std::shared_ptr<Extender>> controls)
       : m_controls(std::move(controls)) {}

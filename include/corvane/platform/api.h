@@ -6,4 +6,5 @@ namespace corvane {
 inline GdiApi& gdi() { return platform().gdi(); }
 inline UserApi& user() { return platform().user(); }
 inline SystemApi& sys() { return platform().system(); }
+inline RegistryApi& reg() { return platform().registry(); }
 }  // namespace corvane

@@ -42,12 +42,12 @@ class CORVANE_API GdiApi {
   // Pixels and shapes. Lines and rectangles are aliased and pixel-exact.
   virtual COLORREF SetTextColor(HDC hdc, COLORREF colour) = 0;
   virtual COLORREF SetBkColor(HDC hdc, COLORREF colour) = 0;
-  virtual int32_t SetBkMode(HDC hdc, int32_t mode) = 0;  // 1 transparent, 2 opaque
+  virtual int32_t SetBkMode(HDC hdc, int32_t mode) = 0;                    // 1 transparent, 2 opaque
   virtual int32_t FillRect(HDC hdc, const RECT& rect, HBRUSH brush) = 0;   // right and bottom edge excluded
   virtual int32_t FrameRect(HDC hdc, const RECT& rect, HBRUSH brush) = 0;  // one pixel inside the rectangle
   virtual bool DrawEdge(HDC hdc, RECT& rect, int32_t edge, int32_t flags) = 0;
-  virtual bool RoundRect(HDC hdc, int32_t left, int32_t top, int32_t right, int32_t bottom, int32_t ellipseWidth,
-                         int32_t ellipseHeight) = 0;
+  virtual bool RoundRect(HDC hdc, int32_t left, int32_t top, int32_t right, int32_t bottom,
+                         int32_t ellipseWidth, int32_t ellipseHeight) = 0;
   virtual bool Rectangle(HDC hdc, int32_t left, int32_t top, int32_t right, int32_t bottom) = 0;
   virtual bool MoveToEx(HDC hdc, int32_t x, int32_t y, POINTAPI* previous) = 0;
   virtual bool LineTo(HDC hdc, int32_t x, int32_t y) = 0;  // end point excluded
@@ -55,8 +55,8 @@ class CORVANE_API GdiApi {
   virtual COLORREF GetPixel(HDC hdc, int32_t x, int32_t y) = 0;  // -1 outside
   virtual bool BitBlt(HDC dest, int32_t x, int32_t y, int32_t width, int32_t height, HDC src, int32_t srcX,
                       int32_t srcY, int32_t rop) = 0;
-  virtual bool StretchBlt(HDC dest, int32_t x, int32_t y, int32_t width, int32_t height, HDC src, int32_t srcX,
-                          int32_t srcY, int32_t srcWidth, int32_t srcHeight, int32_t rop) = 0;
+  virtual bool StretchBlt(HDC dest, int32_t x, int32_t y, int32_t width, int32_t height, HDC src,
+                          int32_t srcX, int32_t srcY, int32_t srcWidth, int32_t srcHeight, int32_t rop) = 0;
 
   // Text, in the font selected into the context.
   virtual bool TextOutA(HDC hdc, int32_t x, int32_t y, const std::string& text) = 0;
@@ -69,19 +69,22 @@ class CORVANE_API GdiApi {
   virtual bool DrawStateA(HDC hdc, HBRUSH brush, int32_t reserved, int32_t image, int32_t wParam, int32_t x,
                           int32_t y, int32_t width, int32_t height, int32_t flags) = 0;
   virtual bool DrawIconEx(HDC hdc, int32_t x, int32_t y, HICON icon, int32_t width, int32_t height) = 0;
-  virtual HGDIOBJ LoadImageFromMemory(std::span<const unsigned char> bytes, int32_t type) = 0;  // 0 on failure
-  virtual HGDIOBJ LoadImageFromFile(const std::string& path, int32_t type) = 0;              // 0 on failure
+  virtual HGDIOBJ LoadImageFromMemory(std::span<const unsigned char> bytes,
+                                      int32_t type) = 0;                         // 0 on failure
+  virtual HGDIOBJ LoadImageFromFile(const std::string& path, int32_t type) = 0;  // 0 on failure
   virtual SIZE GetImageSize(HGDIOBJ image) = 0;  // pixels; 0 by 0 for an unknown handle
   virtual bool DestroyIcon(HICON icon) = 0;
   // Draws an image stretched into a box, with the transparent pixels of an icon or a mask colour
   // (-1 for none) left out. Source coordinates are in image pixels.
-  virtual bool DrawImage(HDC hdc, HGDIOBJ image, int32_t x, int32_t y, int32_t width, int32_t height, int32_t srcX,
-                         int32_t srcY, int32_t srcWidth, int32_t srcHeight, COLORREF maskColour) = 0;
+  virtual bool DrawImage(HDC hdc, HGDIOBJ image, int32_t x, int32_t y, int32_t width, int32_t height,
+                         int32_t srcX, int32_t srcY, int32_t srcWidth, int32_t srcHeight,
+                         COLORREF maskColour) = 0;
 
   // Colours.
   virtual COLORREF GetSysColor(int32_t index) = 0;
   virtual void SetSysColor(int32_t index, COLORREF colour) = 0;  // for tests of colour changes
-  virtual int32_t OleTranslateColor(OLE_COLOR colour, HPALETTE palette, COLORREF& result) = 0;  // 0 is success
+  virtual int32_t OleTranslateColor(OLE_COLOR colour, HPALETTE palette,
+                                    COLORREF& result) = 0;  // 0 is success
 
   // An operation log per context, for tests that check which calls were made.
   virtual void startRecording(HDC hdc) = 0;
@@ -94,8 +97,8 @@ class CORVANE_API UserApi {
   virtual ~UserApi() = default;
 
   virtual HWND CreateWindowExA(int32_t exStyle, const std::string& className, const std::string& title,
-                               int32_t style, int32_t x, int32_t y, int32_t width, int32_t height, HWND parent,
-                               WNDPROC proc) = 0;
+                               int32_t style, int32_t x, int32_t y, int32_t width, int32_t height,
+                               HWND parent, WNDPROC proc) = 0;
   virtual bool DestroyWindow(HWND hWnd) = 0;
   virtual bool IsWindow(HWND hWnd) = 0;
   virtual bool IsWindowVisible(HWND hWnd) = 0;
@@ -103,7 +106,8 @@ class CORVANE_API UserApi {
   virtual bool EnableWindow(HWND hWnd, bool enable) = 0;
   virtual bool ShowWindow(HWND hWnd, int32_t command) = 0;
   virtual bool MoveWindow(HWND hWnd, int32_t x, int32_t y, int32_t width, int32_t height, bool repaint) = 0;
-  virtual bool SetWindowPos(HWND hWnd, HWND after, int32_t x, int32_t y, int32_t cx, int32_t cy, int32_t flags) = 0;
+  virtual bool SetWindowPos(HWND hWnd, HWND after, int32_t x, int32_t y, int32_t cx, int32_t cy,
+                            int32_t flags) = 0;
   virtual bool GetWindowRect(HWND hWnd, RECT& rect) = 0;  // screen coordinates
   virtual bool GetClientRect(HWND hWnd, RECT& rect) = 0;
   virtual HWND GetParent(HWND hWnd) = 0;
@@ -166,7 +170,8 @@ class CORVANE_API SystemApi {
  public:
   virtual ~SystemApi() = default;
   virtual bool GetVersionExA(OSVERSIONINFO& info) = 0;
-  virtual int32_t GetShortPathNameA(const std::string& longPath, std::string& shortPath, int32_t bufferSize) = 0;
+  virtual int32_t GetShortPathNameA(const std::string& longPath, std::string& shortPath,
+                                    int32_t bufferSize) = 0;
   virtual bool sndPlaySoundA(const std::string& path, int32_t flags) = 0;
   virtual std::string applicationPath() = 0;  // folder of the running program, no trailing separator
   virtual std::string applicationName() = 0;
@@ -185,12 +190,47 @@ class CORVANE_API SystemApi {
   virtual std::vector<PROCESSENTRY32> CreateToolhelp32Snapshot() = 0;
 };
 
+// The settings store: a tree of keys under the predefined roots, each key with typed values.
+// Names of keys and values compare without regard to case. Every call returns ERROR_SUCCESS (0)
+// or an error code; a failed call changes nothing.
+class CORVANE_API RegistryApi {
+ public:
+  virtual ~RegistryApi() = default;
+  virtual int32_t RegOpenKeyExA(HKEY key, const std::string& subKey, int32_t options, int32_t samDesired,
+                                HKEY& result) = 0;
+  virtual int32_t RegOpenKeyA(HKEY key, const std::string& subKey, HKEY& result) = 0;
+  // Creates the missing keys of the path, all in one transaction; disposition may be null.
+  virtual int32_t RegCreateKeyExA(HKEY key, const std::string& subKey, int32_t reserved,
+                                  const std::string& className, int32_t options, int32_t samDesired,
+                                  HKEY& result, int32_t* disposition) = 0;
+  // With data null only the type and the size are asked for. With a buffer of *dataSize bytes
+  // that is too small the result is ERROR_MORE_DATA and *dataSize the size needed.
+  virtual int32_t RegQueryValueExA(HKEY key, const std::string& valueName, int32_t* type, uint8_t* data,
+                                   int32_t* dataSize) = 0;
+  // Stores exactly dataSize bytes of data, whatever the type.
+  virtual int32_t RegSetValueExA(HKEY key, const std::string& valueName, int32_t reserved, int32_t type,
+                                 const uint8_t* data, int32_t dataSize) = 0;
+  // Counts and longest lengths (in bytes, without a terminating NUL); any pointer may be null.
+  virtual int32_t RegQueryInfoKeyA(HKEY key, int32_t* subKeys, int32_t* maxSubKeyLen, int32_t* values,
+                                   int32_t* maxValueNameLen, int32_t* maxValueLen) = 0;
+  // Subkeys in the order of their names without regard to case; values in the order they were
+  // first written. ERROR_NO_MORE_ITEMS past the last one.
+  virtual int32_t RegEnumKeyExA(HKEY key, int32_t index, std::string& name) = 0;
+  virtual int32_t RegEnumValueA(HKEY key, int32_t index, std::string& name, int32_t* type,
+                                std::vector<uint8_t>* data) = 0;
+  // Deletes a key without subkeys, with its values (ERROR_ACCESS_DENIED while it has subkeys).
+  virtual int32_t RegDeleteKeyA(HKEY key, const std::string& subKey) = 0;
+  virtual int32_t RegDeleteValueA(HKEY key, const std::string& valueName) = 0;
+  virtual int32_t RegCloseKey(HKEY key) = 0;
+};
+
 class CORVANE_API Platform {
  public:
   virtual ~Platform() = default;
   virtual GdiApi& gdi() = 0;
   virtual UserApi& user() = 0;
   virtual SystemApi& system() = 0;
+  virtual RegistryApi& registry() = 0;
 };
 
 // The platform in use, which the application object sets up. Without one, any window, drawing or

@@ -1,4 +1,5 @@
 #pragma once
+#include <climits>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -24,6 +25,7 @@ using WPARAM = int32_t;
 using LPARAM = int32_t;
 using COLORREF = int32_t;  // &H00BBGGRR
 using OLE_COLOR = int32_t;
+using HKEY = int32_t;  // a predefined root or an open key of the settings store
 
 struct CORVANE_API RECT {
   int32_t Left = 0, Top = 0, Right = 0, Bottom = 0;
@@ -90,11 +92,11 @@ constexpr int32_t CSIDL_PERSONAL = 5, CSIDL_APPDATA = 26;
 // Message numbers.
 namespace wm {
 constexpr int32_t CREATE = 1, DESTROY = 2, MOVE = 3, SIZE = 5, SETFOCUS = 7, KILLFOCUS = 8, ENABLE = 10,
-                  PAINT = 15, CLOSE = 16, ERASEBKGND = 20, SHOWWINDOW = 24, SETCURSOR = 32, GETMINMAXINFO = 36,
-                  WINDOWPOSCHANGED = 71, KEYDOWN = 256, KEYUP = 257, CHAR = 258, TIMER = 275, MOUSEMOVE = 512,
-                  LBUTTONDOWN = 513, LBUTTONUP = 514, LBUTTONDBLCLK = 515, RBUTTONDOWN = 516, RBUTTONUP = 517,
-                  RBUTTONDBLCLK = 518, MBUTTONDOWN = 519, MBUTTONUP = 520, MBUTTONDBLCLK = 521, MOUSEWHEEL = 522,
-                  CAPTURECHANGED = 533, MOUSELEAVE = 675, USER = 1024;
+                  PAINT = 15, CLOSE = 16, ERASEBKGND = 20, SHOWWINDOW = 24, SETCURSOR = 32,
+                  GETMINMAXINFO = 36, WINDOWPOSCHANGED = 71, KEYDOWN = 256, KEYUP = 257, CHAR = 258,
+                  TIMER = 275, MOUSEMOVE = 512, LBUTTONDOWN = 513, LBUTTONUP = 514, LBUTTONDBLCLK = 515,
+                  RBUTTONDOWN = 516, RBUTTONUP = 517, RBUTTONDBLCLK = 518, MBUTTONDOWN = 519, MBUTTONUP = 520,
+                  MBUTTONDBLCLK = 521, MOUSEWHEEL = 522, CAPTURECHANGED = 533, MOUSELEAVE = 675, USER = 1024;
 }
 
 // Constants of the drawing and window calls.
@@ -103,7 +105,8 @@ constexpr int32_t BDR_RAISEDOUTER = 1, BDR_SUNKENOUTER = 2, BDR_RAISEDINNER = 4,
                   EDGE_RAISED = 5, EDGE_SUNKEN = 10, BF_LEFT = 1, BF_TOP = 2, BF_RIGHT = 4, BF_BOTTOM = 8,
                   BF_RECT = 15;
 constexpr int32_t DT_LEFT = 0, DT_CENTER = 1, DT_RIGHT = 2, DT_VCENTER = 4, DT_BOTTOM = 8, DT_WORDBREAK = 16,
-                  DT_SINGLELINE = 32, DT_EXPANDTABS = 64, DT_NOCLIP = 256, DT_CALCRECT = 1024, DT_NOPREFIX = 2048;
+                  DT_SINGLELINE = 32, DT_EXPANDTABS = 64, DT_NOCLIP = 256, DT_CALCRECT = 1024,
+                  DT_NOPREFIX = 2048;
 constexpr int32_t DST_ICON = 3, DST_BITMAP = 4, DSS_DISABLED = 32, DSS_MONO = 128;
 constexpr int32_t SRCCOPY = 0xCC0020;
 constexpr int32_t RGN_AND = 1, RGN_OR = 2, RGN_XOR = 3, RGN_DIFF = 4, RGN_COPY = 5;
@@ -115,15 +118,30 @@ constexpr int32_t CS_DBLCLKS = 0x8;
 constexpr int32_t LWA_COLORKEY = 1, LWA_ALPHA = 2;
 constexpr int32_t SW_HIDE = 0, SW_SHOWNORMAL = 1, SW_SHOW = 5, SW_SHOWNOACTIVATE = 4, SW_SHOWNA = 8;
 constexpr HWND HWND_TOP = 0, HWND_BOTTOM = 1, HWND_TOPMOST = -1, HWND_NOTOPMOST = -2;
-constexpr int32_t SWP_NOSIZE = 1, SWP_NOMOVE = 2, SWP_NOZORDER = 4, SWP_NOACTIVATE = 0x10, SWP_SHOWWINDOW = 0x40,
-                  SWP_HIDEWINDOW = 0x80;
+constexpr int32_t SWP_NOSIZE = 1, SWP_NOMOVE = 2, SWP_NOZORDER = 4, SWP_NOACTIVATE = 0x10,
+                  SWP_SHOWWINDOW = 0x40, SWP_HIDEWINDOW = 0x80;
 constexpr int32_t TME_LEAVE = 2;
 constexpr int32_t MK_LBUTTON = 1, MK_RBUTTON = 2, MK_SHIFT = 4, MK_CONTROL = 8, MK_MBUTTON = 16;
-constexpr int32_t VK_LBUTTON = 1, VK_RBUTTON = 2, VK_MBUTTON = 4, VK_SHIFT = 16, VK_CONTROL = 17, VK_MENU = 18;
+constexpr int32_t VK_LBUTTON = 1, VK_RBUTTON = 2, VK_MBUTTON = 4, VK_SHIFT = 16, VK_CONTROL = 17,
+                  VK_MENU = 18;
 constexpr int32_t SM_CXSCREEN = 0, SM_CYSCREEN = 1, SM_CXDOUBLECLK = 36, SM_CYDOUBLECLK = 37;
 constexpr int32_t SM_CXVIRTUALSCREEN = 78, SM_CYVIRTUALSCREEN = 79, SM_CMONITORS = 80;
 constexpr int32_t LOGPIXELSX = 88, LOGPIXELSY = 90, BITSPIXEL = 12, HORZRES = 8, VERTRES = 10;
 constexpr int32_t IMAGE_BITMAP = 0, IMAGE_ICON = 1, IMAGE_CURSOR = 2;
+
+// The settings store: predefined roots, value types, access masks and result codes.
+constexpr HKEY HKEY_CLASSES_ROOT = INT32_MIN, HKEY_CURRENT_USER = INT32_MIN + 1,
+               HKEY_LOCAL_MACHINE = INT32_MIN + 2, HKEY_USERS = INT32_MIN + 3,
+               HKEY_PERFORMANCE_DATA = INT32_MIN + 4, HKEY_CURRENT_CONFIG = INT32_MIN + 5,
+               HKEY_DYN_DATA = INT32_MIN + 6;
+constexpr int32_t REG_NONE = 0, REG_SZ = 1, REG_EXPAND_SZ = 2, REG_BINARY = 3, REG_DWORD = 4,
+                  REG_MULTI_SZ = 7;
+constexpr int32_t KEY_SET_VALUE = 2, KEY_READ = 131097, KEY_ALL_ACCESS = 0xF003F;
+constexpr int32_t REG_CREATED_NEW_KEY = 1, REG_OPENED_EXISTING_KEY = 2;
+constexpr int32_t ERROR_SUCCESS = 0, ERROR_FILE_NOT_FOUND = 2, ERROR_ACCESS_DENIED = 5,
+                  ERROR_INVALID_HANDLE = 6, ERROR_INVALID_PARAMETER = 87, ERROR_BAD_PATHNAME = 161,
+                  ERROR_MORE_DATA = 234, ERROR_NO_MORE_ITEMS = 259, ERROR_REGISTRY_CORRUPT = 1015,
+                  ERROR_REGISTRY_IO_FAILED = 1016, ERROR_KEY_DELETED = 1018;
 
 // System colour indexes.
 namespace syscolor {

@@ -1,4 +1,5 @@
 #pragma once
+#include <corvane/export.h>
 #include <atomic>
 #include <cstdint>
 
@@ -7,7 +8,7 @@ namespace corvane {
 // Counts the live objects of the component's public classes, which is what a host asks before it
 // unloads the component. Each public class derives from it beside Object; the host's own objects
 // (forms, Screen, App, fonts, pictures, wrappers) do not, so they never keep the component loaded.
-class ComponentObject {
+class CORVANE_API ComponentObject {
  public:
   static int64_t liveCount();
 

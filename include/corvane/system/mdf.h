@@ -1,4 +1,5 @@
 #pragma once
+#include <corvane/export.h>
 #include <corvane/runtime/component_object.h>
 #include <corvane/runtime/object.h>
 #include <corvane/runtime/vb_array.h>
@@ -16,7 +17,7 @@ namespace corvane {
 //   below 64 bytes and otherwise short, empty or negative;
 // - a file whose length is a multiple of 64 loses its last block.
 // Files are read through a handle of each call, so objects may digest files at the same time.
-class cMDF : public Object, public ComponentObject {
+class CORVANE_API cMDF : public Object, public ComponentObject {
  public:
   std::string typeName() const override { return "cMDF"; }
 

@@ -1,4 +1,5 @@
 #pragma once
+#include <corvane/export.h>
 #include <corvane/runtime/component_object.h>
 #include <corvane/runtime/object.h>
 
@@ -22,7 +23,7 @@ enum SndTyp : int32_t {
 // Unrelated system facts and small services: screen and monitor sizes, special folders, fresh
 // identifiers, a process check, the system's version and the library's sound switch. Folders end
 // in the library's path separator "\". Only the sound switch holds state.
-class cMyTools : public Object, public ComponentObject {
+class CORVANE_API cMyTools : public Object, public ComponentObject {
  public:
   std::string typeName() const override { return "cMyTools"; }
 
