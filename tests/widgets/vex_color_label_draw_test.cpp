@@ -55,6 +55,30 @@ TEST_F(LabelDrawTest, LeadingLineBreakPrintsTheTextOnTheSecondLine) {
   EXPECT_GT(countPixels(0, lh, 100, 2 * lh, isDark), 0);
 }
 
+TEST_F(LabelDrawTest, FiveHexDigitColourIsDrawnAsA32BitColour) {
+  // &H0FFFF is 65535, yellow; as &HFFFF it would be -1, the default colour.
+  label->setForeColor(0x000000);
+  label->setCaption("<c&H0FFFF>WWWW");
+  auto isYellow = [](COLORREF c) { return (c & 0xFF) > 180 && ((c >> 8) & 0xFF) > 180 && ((c >> 16) & 0xFF) < 90; };
+  EXPECT_GT(countPixels(0, 0, 60, 20, isYellow), 10);
+  EXPECT_EQ(countPixels(0, 0, 60, 20, isDark), 0);
+}
+
+TEST_F(LabelDrawTest, WrapKeepsATextThatIsExactlyAsWideAsTheControl) {
+  Surface& s = label->surface();
+  const float w = s.TextWidth("aaa bbb");
+  const int32_t px = CLng(w / tpp());
+  ASSERT_EQ(static_cast<float>(px) * tpp(), w);
+  setLabelWidth(w);
+  ASSERT_EQ(s.pixelWidth(), px);
+  EXPECT_EQ(s.ScaleWidth(), w) << "pixels times twips per pixel, exactly";
+  label->setWordWrap(true);
+  label->setCaption("aaa bbb");
+  EXPECT_EQ(partsText(), "aaa bbb");
+  setLabelWidth(w - tpp());
+  EXPECT_EQ(partsText(), "aaa|/bbb") << "one pixel less and it wraps";
+}
+
 TEST_F(LabelDrawTest, RefusedColourPrintsInTheEarlierColour) {
   label->setForeColor(0x0000FF);
   label->setCaption("<c-5>xx");
