@@ -51,10 +51,14 @@ TEST_F(TwipsTest, ScaleConversionsOfWholePixelsAreExact) {
   // A user scale is reached from pixels by the units per pixel, without a detour through twips.
   auto pic = form->add("PictureBox", "Pic", nullptr, 0, 0, 3000, 1500);
   Surface& p = pic->surface();
-  p.Scale(0, 0, 8025, 6300);
-  const float perPixel = 8025.0f / 200.0f;
+  p.Scale(0, 0, 7777, 6300);
+  const float perPixel = 7777.0f / 200.0f;
   for (int32_t px = 1; px <= 200; ++px)
-    ASSERT_EQ(p.ScaleX(static_cast<float>(px), Surface::Pixels, -1), static_cast<float>(px) * perPixel);
+    ASSERT_EQ(p.ScaleX(static_cast<float>(px), Surface::Pixels, -1), static_cast<float>(px) * perPixel) << px;
+  // So does the width of a control in that scale.
+  auto inner = form->add("PictureBox", "Inner", pic.get(), 0, 0, 3 * perPixel, 3 * perPixel);
+  ASSERT_EQ(inner->surface().pixelWidth(), 3);
+  EXPECT_EQ(inner->extenderObject().Width(), 3 * perPixel);
 }
 
 TEST_F(TwipsTest, FormFileStoresWholeTwipsForWholePixels) {
@@ -85,6 +89,10 @@ TEST_F(TwipsAt12Test, ScaleSizeOfWholePixelsIsExactAtAnyResolution) {
   ASSERT_EQ(s.pixelWidth(), 200);
   EXPECT_EQ(s.ScaleWidth(), 2400.0f);
   EXPECT_EQ(s.ScaleHeight(), 1200.0f);
+  for (int32_t px = 1; px <= 400; ++px) {
+    pic->extenderObject().Move(0, 0, static_cast<float>(px) * 12, static_cast<float>(px) * 12);
+    ASSERT_EQ(s.ScaleWidth(), static_cast<float>(px) * 12) << px << " pixels";
+  }
 }
 
 }  // namespace

@@ -79,6 +79,29 @@ TEST_F(LabelDrawTest, WrapKeepsATextThatIsExactlyAsWideAsTheControl) {
   EXPECT_EQ(partsText(), "aaa|/bbb") << "one pixel less and it wraps";
 }
 
+TEST_F(LabelDrawTest, ColoursInTheir32BitFormShowThreeColours) {
+  // The gallery's colour line. Written as 16-bit numbers (&H8000, &H80FF) the green and orange
+  // would be negative, refused, and printed in the earlier colour.
+  label->extenderObject().setWidth(5000);
+  label->setCaption("<c&H00C00000&>blau</c> <c&H00008000&>gruen</c> <c&H000080FF&>orange</c> normal");
+  const auto& p = label->Parts();
+  ASSERT_EQ(p.ubound(), 4);
+  EXPECT_EQ(p(1).Color, 0xC00000);
+  EXPECT_EQ(p(2).Color, 0x008000);
+  EXPECT_EQ(p(3).Color, 0x0080FF);
+  auto isBlue = [](COLORREF c) { return ((c >> 16) & 0xFF) > 140 && (c & 0xFF) < 60 && ((c >> 8) & 0xFF) < 60; };
+  auto isGreen = [](COLORREF c) { return ((c >> 8) & 0xFF) > 90 && (c & 0xFF) < 60 && ((c >> 16) & 0xFF) < 60; };
+  auto isOrange = [](COLORREF c) {
+    return (c & 0xFF) > 200 && ((c >> 8) & 0xFF) > 80 && ((c >> 8) & 0xFF) < 170 && ((c >> 16) & 0xFF) < 60;
+  };
+  EXPECT_GT(countPixels(0, 0, 330, 20, isBlue), 10);
+  EXPECT_GT(countPixels(0, 0, 330, 20, isGreen), 10);
+  EXPECT_GT(countPixels(0, 0, 330, 20, isOrange), 10);
+  label->setCaption("<c&HC00000>blau</c> <c&H8000>gruen</c>");
+  EXPECT_EQ(label->Parts()(2).Color, -32768) << "four digits are a 16-bit number";
+  EXPECT_EQ(countPixels(0, 0, 330, 20, isGreen), 0);
+}
+
 TEST_F(LabelDrawTest, RefusedColourPrintsInTheEarlierColour) {
   label->setForeColor(0x0000FF);
   label->setCaption("<c-5>xx");
