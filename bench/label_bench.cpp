@@ -1,5 +1,5 @@
-// The markup label against Pango's own markup layout and paint of the same text, and the cost of
-// measuring one word once its font is known.
+// The markup label against Pango's own markup layout and paint of the same text, the cost of
+// measuring one word once its font is known, and the label's wrapping and parsing at scale.
 #include <benchmark/benchmark.h>
 #include <pango/pangocairo.h>
 
@@ -98,6 +98,53 @@ void BM_PangoMarkup_2KB_WordWrap(benchmark::State& state) {
   pangoLayoutAndPaint(state, longCaption().second, 400, 1200, true);
 }
 BENCHMARK(BM_PangoMarkup_2KB_WordWrap);
+
+// Words of five to six letters, one blank between.
+std::string words(int64_t count) {
+  std::string caption;
+  for (int64_t i = 0; i < count; ++i) caption += (i ? " wort" : "wort") + std::to_string(i % 100);
+  return caption;
+}
+
+// About 1 MB of caption: sentences with bold, italic and colour tags and a line break now and then.
+std::string megabyteCaption() {
+  std::string caption;
+  for (int i = 0; caption.size() < (1u << 20); ++i) {
+    caption += "Der <b>schnelle</b> braune <i>Fuchs</i> springt <c&HFF>ueber</c> den faulen Hund. ";
+    if (i % 8 == 7) caption += "<br>";
+  }
+  return caption;
+}
+
+// WordWrap on a label one pixel wide: every word on a line of its own. The time per word stays
+// flat as the word count doubles (the Complexity line fits it).
+void BM_Wrap_OnePixelWide(benchmark::State& state) {
+  LabelRig rig(15, 300);
+  rig.label->setWordWrap(true);
+  rig.label->setCaption(words(state.range(0)));
+  state.counters["parts"] = rig.label->Parts().ubound();
+  for (auto _ : state) rig.label->DrawLabel();
+  state.SetComplexityN(state.range(0));
+}
+BENCHMARK(BM_Wrap_OnePixelWide)->Arg(800)->Arg(1600)->Arg(3200)->Unit(benchmark::kMillisecond)->Complexity();
+
+// A 1 MB caption parsed and printed on one line per "<br>", and the same wrapped to 400 pixels.
+void BM_Caption1MB_Tags(benchmark::State& state) {
+  LabelRig rig(6000, 300);
+  rig.label->setCaption(megabyteCaption());
+  state.counters["parts"] = rig.label->Parts().ubound();
+  for (auto _ : state) rig.label->DrawLabel();
+}
+BENCHMARK(BM_Caption1MB_Tags)->Unit(benchmark::kMillisecond);
+
+void BM_Caption1MB_WordWrap(benchmark::State& state) {
+  LabelRig rig(6000, 300);
+  rig.label->setWordWrap(true);
+  rig.label->setCaption(megabyteCaption());
+  state.counters["parts"] = rig.label->Parts().ubound();
+  for (auto _ : state) rig.label->DrawLabel();
+}
+BENCHMARK(BM_Caption1MB_WordWrap)->Unit(benchmark::kMillisecond);
 
 void BM_TextWidth_Word(benchmark::State& state) {
   LabelRig rig(6000, 300);

@@ -34,7 +34,7 @@ std::vector<Scene> labelScenes() {
          auto l = addLabel(*f, "lblStyles", 120, 120, 5100, 1000);
          l->setCaption(
              "<b>fett</b> <i>kursiv</i> <u>unterstrichen</u> <s>durchgestrichen</s><br>"
-             "<c&HC00000>blau</c> <c&H8000>gruen</c> <c&H80FF>orange</c> normal<br>"
+             "<c&H00C00000&>blau</c> <c&H00008000&>gruen</c> <c&H000080FF&>orange</c> normal<br>"
              "<b><i><c&H800080>fett kursiv lila</c></i></b> und <center>schwarz");
          return f;
        }},

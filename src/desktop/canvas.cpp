@@ -4,8 +4,20 @@
 
 namespace corvane {
 
+namespace {
+// An image surface of the size, or null when Cairo cannot make one (it then gives an error surface
+// without pixels).
+cairo_surface_t* createImage(int32_t width, int32_t height) {
+  cairo_surface_t* s = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, std::max(width, 0), std::max(height, 0));
+  if (cairo_surface_status(s) == CAIRO_STATUS_SUCCESS) return s;
+  cairo_surface_destroy(s);
+  return nullptr;
+}
+}  // namespace
+
 Canvas::Canvas(int32_t width, int32_t height, COLORREF fillColour) {
-  m_surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, std::max(width, 0), std::max(height, 0));
+  m_surface = createImage(width, height);
+  if (!m_surface) m_surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 0, 0);
   attach();
   fill(fillColour);
 }
@@ -22,11 +34,12 @@ void Canvas::attach() {
   m_stride = cairo_image_surface_get_stride(m_surface);
 }
 
-void Canvas::resize(int32_t width, int32_t height, COLORREF fillColour) {
+bool Canvas::resize(int32_t width, int32_t height, COLORREF fillColour) {
   width = std::max(width, 0);
   height = std::max(height, 0);
-  if (width == m_width && height == m_height) return;
-  cairo_surface_t* next = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height);
+  if (width == m_width && height == m_height) return true;
+  cairo_surface_t* next = createImage(width, height);
+  if (!next) return false;
   cairo_surface_flush(m_surface);
   cairo_surface_flush(next);
   unsigned char* nd = cairo_image_surface_get_data(next);
@@ -42,6 +55,7 @@ void Canvas::resize(int32_t width, int32_t height, COLORREF fillColour) {
   cairo_surface_destroy(m_surface);
   m_surface = next;
   attach();
+  return true;
 }
 
 COLORREF Canvas::pixel(int32_t x, int32_t y) const {

@@ -11,6 +11,7 @@ namespace corvane {
 // Window images, bitmaps and the composed screen are canvases.
 class Canvas {
  public:
+  // A canvas that cannot be made (too large for an image, or no memory) is 0 by 0 pixels.
   Canvas(int32_t width, int32_t height, COLORREF fill = 0xFFFFFF);
   explicit Canvas(cairo_surface_t* adopt);  // takes ownership of an image surface
   ~Canvas();
@@ -21,8 +22,9 @@ class Canvas {
   int32_t height() const { return m_height; }
   cairo_surface_t* surface() const { return m_surface; }
 
-  // Changes the size, keeping the pixels at the top left; new pixels get the fill colour.
-  void resize(int32_t width, int32_t height, COLORREF fill);
+  // Changes the size, keeping the pixels at the top left; new pixels get the fill colour. When an
+  // image of the new size cannot be made, the canvas stays as it was and the result is false.
+  bool resize(int32_t width, int32_t height, COLORREF fill);
 
   // Direct pixel access; callers check bounds with contains(). Pixels are 0xAARRGGBB words.
   bool contains(int32_t x, int32_t y) const { return x >= 0 && y >= 0 && x < m_width && y < m_height; }

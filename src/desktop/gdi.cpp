@@ -731,6 +731,7 @@ bool DesktopGdi::GetTextExtentPoint32A(HDC hdc, const std::string& text, SIZE& s
   DcState* d = dc(hdc);
   if (!d) return false;
   if (d->recording) record(*d, "GetTextExtentPoint32A", text);
+  m_measuredTextBytes += text.size();
   size.cx = d->textFont->width(text);
   size.cy = d->textFont->height();
   return true;

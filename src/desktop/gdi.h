@@ -59,6 +59,9 @@ class DesktopGdi : public GdiApi {
   void setPixelsPerInch(int32_t x, int32_t y);
   // Loaded pictures (bitmaps and icons) that are alive; not part of liveObjectCount.
   int32_t liveImageCount() const { return m_liveImages; }
+  // Bytes of text measured by GetTextExtentPoint32A so far: the work of text measurement, for
+  // tests that check how an algorithm scales.
+  uint64_t measuredTextBytes() const { return m_measuredTextBytes; }
   // The rectangles of a region, for a window to take it as its shape; empty for no such region.
   std::vector<RECT> regionRects(HRGN region) const;
 
@@ -168,6 +171,7 @@ class DesktopGdi : public GdiApi {
   std::unordered_map<HDC, std::unique_ptr<DcState>> m_dcs;
   int32_t m_nextHandle = 0x100;
   int32_t m_liveObjects = 0, m_liveImages = 0, m_liveKeys = 0, m_recording = 0;
+  uint64_t m_measuredTextBytes = 0;
   int32_t m_dpiX = 96, m_dpiY = 96;
   HPEN m_stockPen = 0;
   HBRUSH m_stockBrush = 0;

@@ -112,7 +112,7 @@ TextFont::Glyph TextFont::shape(char32_t c) {
       g.slot = static_cast<int32_t>(found - m_slots.begin());
     }
   }
-  g.advance = PANGO_PIXELS(units);
+  g.advance = std::max(0, PANGO_PIXELS(units));  // so a text is never narrower than its beginning
   return g;
 }
 

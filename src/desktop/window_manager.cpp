@@ -73,10 +73,13 @@ HWND WindowManager::CreateWindowExA(int32_t exStyle, const std::string& classNam
   w->style = style | (parent ? WS_CHILD : 0);
   w->exStyle = exStyle;
   w->classStyle = CS_DBLCLKS;
-  w->rect = RECT{x, y, x + std::max(width, 0), y + std::max(height, 0)};
+  width = std::clamp(width, 0, kMaxWindowSide);
+  height = std::clamp(height, 0, kMaxWindowSide);
+  w->canvas = std::make_unique<Canvas>(width, height, w->background);
+  // A window whose image could not be made has no area.
+  w->rect = RECT{x, y, x + w->canvas->width(), y + w->canvas->height()};
   w->visible = (style & WS_VISIBLE) != 0;
   w->enabled = (style & WS_DISABLED) == 0;
-  w->canvas = std::make_unique<Canvas>(std::max(width, 0), std::max(height, 0), w->background);
   w->proc = m_procs.count(proc) ? proc : 0;
   w->processId = m_processId;
   HWND h = w->hwnd;
@@ -151,15 +154,21 @@ bool WindowManager::ShowWindow(HWND hWnd, int32_t command) {
   return was;
 }
 
+// A size beyond the longest side is cut to it; a size whose image cannot be made (no memory) is
+// refused, and the window keeps its size.
 void WindowManager::resizeTo(DesktopWindow& w, int32_t x, int32_t y, int32_t width, int32_t height) {
-  width = std::max(width, 0);
-  height = std::max(height, 0);
-  bool moved = x != w.rect.Left || y != w.rect.Top;
+  width = std::clamp(width, 0, kMaxWindowSide);
+  height = std::clamp(height, 0, kMaxWindowSide);
   bool sized = width != w.rect.Right - w.rect.Left || height != w.rect.Bottom - w.rect.Top;
+  if (sized && !w.canvas->resize(width, height, w.background)) {
+    sized = false;
+    width = w.rect.Right - w.rect.Left;
+    height = w.rect.Bottom - w.rect.Top;
+  }
+  bool moved = x != w.rect.Left || y != w.rect.Top;
   w.rect = RECT{x, y, x + width, y + height};
   HWND h = w.hwnd;
   if (sized) {
-    w.canvas->resize(width, height, w.background);
     w.needsPaint = true;
     SendMessageA(h, wm::SIZE, 0, makePointParam(width, height));
   }

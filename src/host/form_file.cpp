@@ -10,6 +10,7 @@
 #include "host/base64.h"
 #include <corvane/host/extender.h>
 #include <corvane/host/screen.h>
+#include <corvane/platform/types.h>
 #include <corvane/host/std_font.h>
 #include <corvane/host/std_picture.h>
 #include <corvane/runtime/class_registry.h>
@@ -21,10 +22,6 @@ namespace corvane {
 using nlohmann::json;
 
 namespace {
-
-// A window side that a real screen never needs; a form file declaring more is refused before
-// anything is created, instead of loading for seconds into gigabytes.
-constexpr double kMaxWindowSide = 16384;  // pixels
 
 bool wellFormedUtf8(const std::string& s) {
   if (utf8::isAscii(s)) return true;

@@ -121,12 +121,12 @@ void Surface::setScaleMode(int16_t mode) {
 
 float Surface::ScaleWidth() const {
   if (m_scaleMode == User) return m_userWidth;
-  return static_cast<float>(pixelWidth()) / (1.0f / unitsPerPixelX());
+  return static_cast<float>(pixelWidth()) * unitsPerPixelX();
 }
 
 float Surface::ScaleHeight() const {
   if (m_scaleMode == User) return m_userHeight;
-  return static_cast<float>(pixelHeight()) / (1.0f / unitsPerPixelY());
+  return static_cast<float>(pixelHeight()) * unitsPerPixelY();
 }
 
 // Setting any part of the scale makes it a user scale; the other values keep their present figures.
@@ -238,23 +238,32 @@ int32_t Surface::toPixelY(float y) const { return CLng((y - m_scaleTop) / unitsP
 float Surface::fromPixelX(int32_t px) const { return static_cast<float>(px) * unitsPerPixelX() + m_scaleLeft; }
 float Surface::fromPixelY(int32_t py) const { return static_cast<float>(py) * unitsPerPixelY() + m_scaleTop; }
 
-float Surface::ScaleX(float value, int16_t from, int16_t to) const {
+// Pixels become twips or user units by a product with the units per pixel, and back by the
+// quotient, in single precision: 200 pixels at 15 twips per pixel are 3000 twips exactly, and a
+// user scale does not take a detour through twips. HiMetric goes through twips.
+float Surface::scaleBetween(float value, int16_t from, int16_t to, bool horizontal) const {
+  if (from == -1) from = m_scaleMode;
+  if (to == -1) to = m_scaleMode;
+  const float twipsPerPixel = horizontal ? Screen::instance().TwipsPerPixelX() : Screen::instance().TwipsPerPixelY();
+  const float userPerPixel = horizontal ? unitsPerPixelX() : unitsPerPixelY();
+  auto unitsPerPixel = [&](int16_t mode) {
+    return mode == User ? userPerPixel : mode == Pixels ? 1.0f : twipsPerPixel;  // not for HiMetric
+  };
+  if (from == to) return value;
+  if (from != HiMetric && to != HiMetric) {
+    if (from == Pixels) return value * unitsPerPixel(to);
+    if (to == Pixels) return value / unitsPerPixel(from);
+    return value / unitsPerPixel(from) * unitsPerPixel(to);  // twips and a user scale
+  }
   auto twipsPer = [&](int16_t mode) {
-    if (mode == -1) mode = m_scaleMode;
-    if (mode == User) return unitsPerPixelX() == 0 ? 1.0f : Screen::instance().TwipsPerPixelX() / unitsPerPixelX();
-    return twipsPerUnit(mode, true);
+    if (mode == User) return userPerPixel == 0 ? 1.0f : twipsPerPixel / userPerPixel;
+    return twipsPerUnit(mode, horizontal);
   };
   return value * twipsPer(from) / twipsPer(to);
 }
 
-float Surface::ScaleY(float value, int16_t from, int16_t to) const {
-  auto twipsPer = [&](int16_t mode) {
-    if (mode == -1) mode = m_scaleMode;
-    if (mode == User) return unitsPerPixelY() == 0 ? 1.0f : Screen::instance().TwipsPerPixelY() / unitsPerPixelY();
-    return twipsPerUnit(mode, false);
-  };
-  return value * twipsPer(from) / twipsPer(to);
-}
+float Surface::ScaleX(float value, int16_t from, int16_t to) const { return scaleBetween(value, from, to, true); }
+float Surface::ScaleY(float value, int16_t from, int16_t to) const { return scaleBetween(value, from, to, false); }
 
 void Surface::Cls() {
   HBRUSH b = gdi().CreateSolidBrush(translateColor(m_backColor));

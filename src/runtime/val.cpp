@@ -26,6 +26,17 @@ int digitValue(char c, int base) {
   return d < base ? d : -1;
 }
 
+// Whether a literal of `digits` digits with value `v` is a 16-bit number. The count of digits
+// decides, as it does for the language's literals: four hexadecimal digits are 16 bits, so one to
+// four form a 16-bit number and five or more a 32-bit one (&HFFFF is -1, &H0FFFF is 65535). Six
+// octal digits hold 18 bits: one to six digits form a 16-bit number while the value fits 16 bits
+// (&O177777 is -1, &O100000 is -32768), a six-digit value above &O177777 cannot and is a 32-bit
+// number (&O200000 is 65536), and seven or more digits are a 32-bit number (&O0177777 is 65535).
+bool isShortLiteral(int base, size_t digits, uint64_t v) {
+  if (base == 16) return digits <= 4;
+  return digits <= 6 && v <= 0xFFFF;
+}
+
 // Reads "&H..." or "&O..." at t[i] (which is '&'). Returns false when no radix prefix stands
 // there. Stops at the first character that is no digit of the base; `digits` tells how many
 // were read.
@@ -43,7 +54,7 @@ bool readRadix(std::string_view t, size_t& i, double& value, size_t& digits) {
   }
   bool forceLong = digits && j < t.size() && t[j] == '&';
   if (forceLong) ++j;
-  if (!forceLong && v <= 0xFFFF)
+  if (!forceLong && isShortLiteral(base, digits, v))
     value = static_cast<int16_t>(static_cast<uint16_t>(v));
   else
     value = static_cast<int32_t>(static_cast<uint32_t>(v));

@@ -67,7 +67,18 @@ TEST(Val, ReadsHexadecimal) {
 TEST(Val, FourHexDigitsAreASigned16BitNumber) {
   EXPECT_EQ(Val("&HFFFF"), -1);
   EXPECT_EQ(Val("&H8000"), -32768);
-  EXPECT_EQ(Val("&H0000FFFF"), -1);  // leading zeros do not count
+  EXPECT_EQ(Val("&H1"), 1);
+  EXPECT_EQ(Val("&H7FFF"), 32767);
+}
+
+TEST(Val, TheNumberOfHexDigitsDecidesTheWidthNotTheValue) {
+  // A leading zero makes a fifth digit: the number is 32 bits wide and keeps its value.
+  EXPECT_EQ(Val("&H0FFFF"), 65535);
+  EXPECT_EQ(Val("&H08000"), 32768);
+  EXPECT_EQ(Val("&H0000FFFF"), 65535);
+  EXPECT_EQ(Val("&H00001"), 1);
+  EXPECT_EQ(Val("&hffff"), -1);
+  EXPECT_EQ(Val("&h0ffff"), 65535);
 }
 
 TEST(Val, FiveToEightHexDigitsAreASigned32BitNumber) {
@@ -101,6 +112,29 @@ TEST(Val, ReadsOctal) {
   EXPECT_EQ(Val("&O78"), 7);
   EXPECT_EQ(Val("&O8"), 0);
   EXPECT_RUNTIME_ERROR(Val("&O40000000000"), 6);
+}
+
+TEST(Val, TheNumberOfOctalDigitsDecidesTheWidth) {
+  // Up to six digits are 16 bits while the value fits them; six digits above &O177777 cannot.
+  EXPECT_EQ(Val("&O7"), 7);
+  EXPECT_EQ(Val("&O77777"), 32767);
+  EXPECT_EQ(Val("&O100000"), -32768);
+  EXPECT_EQ(Val("&O177777"), -1);
+  EXPECT_EQ(Val("&O200000"), 65536);
+  EXPECT_EQ(Val("&O777777"), 262143);
+  // A seventh digit, even a leading zero, makes a 32-bit number.
+  EXPECT_EQ(Val("&O0177777"), 65535);
+  EXPECT_EQ(Val("&O0100000"), 32768);
+  EXPECT_EQ(Val("&O0000001"), 1);
+  EXPECT_EQ(Val("&O17777777777"), 2147483647);
+  EXPECT_EQ(Val("&O20000000000"), -2147483648.0);
+  EXPECT_EQ(Val("&O177777&"), 65535);
+}
+
+TEST(ParseNumber, CountsDigitsLikeVal) {
+  EXPECT_EQ(parseNumber("&H0FFFF"), 65535);
+  EXPECT_EQ(parseNumber("&HFFFF"), -1);
+  EXPECT_EQ(parseNumber("&O0177777"), 65535);
 }
 
 TEST(Val, SignBeforeHexPrefixReadsZero) {

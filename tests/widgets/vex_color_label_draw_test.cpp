@@ -55,6 +55,53 @@ TEST_F(LabelDrawTest, LeadingLineBreakPrintsTheTextOnTheSecondLine) {
   EXPECT_GT(countPixels(0, lh, 100, 2 * lh, isDark), 0);
 }
 
+TEST_F(LabelDrawTest, FiveHexDigitColourIsDrawnAsA32BitColour) {
+  // &H0FFFF is 65535, yellow; as &HFFFF it would be -1, the default colour.
+  label->setForeColor(0x000000);
+  label->setCaption("<c&H0FFFF>WWWW");
+  auto isYellow = [](COLORREF c) { return (c & 0xFF) > 180 && ((c >> 8) & 0xFF) > 180 && ((c >> 16) & 0xFF) < 90; };
+  EXPECT_GT(countPixels(0, 0, 60, 20, isYellow), 10);
+  EXPECT_EQ(countPixels(0, 0, 60, 20, isDark), 0);
+}
+
+TEST_F(LabelDrawTest, WrapKeepsATextThatIsExactlyAsWideAsTheControl) {
+  Surface& s = label->surface();
+  const float w = s.TextWidth("aaa bbb");
+  const int32_t px = CLng(w / tpp());
+  ASSERT_EQ(static_cast<float>(px) * tpp(), w);
+  setLabelWidth(w);
+  ASSERT_EQ(s.pixelWidth(), px);
+  EXPECT_EQ(s.ScaleWidth(), w) << "pixels times twips per pixel, exactly";
+  label->setWordWrap(true);
+  label->setCaption("aaa bbb");
+  EXPECT_EQ(partsText(), "aaa bbb");
+  setLabelWidth(w - tpp());
+  EXPECT_EQ(partsText(), "aaa|/bbb") << "one pixel less and it wraps";
+}
+
+TEST_F(LabelDrawTest, ColoursInTheir32BitFormShowThreeColours) {
+  // The gallery's colour line. Written as 16-bit numbers (&H8000, &H80FF) the green and orange
+  // would be negative, refused, and printed in the earlier colour.
+  label->extenderObject().setWidth(5000);
+  label->setCaption("<c&H00C00000&>blau</c> <c&H00008000&>gruen</c> <c&H000080FF&>orange</c> normal");
+  const auto& p = label->Parts();
+  ASSERT_EQ(p.ubound(), 4);
+  EXPECT_EQ(p(1).Color, 0xC00000);
+  EXPECT_EQ(p(2).Color, 0x008000);
+  EXPECT_EQ(p(3).Color, 0x0080FF);
+  auto isBlue = [](COLORREF c) { return ((c >> 16) & 0xFF) > 140 && (c & 0xFF) < 60 && ((c >> 8) & 0xFF) < 60; };
+  auto isGreen = [](COLORREF c) { return ((c >> 8) & 0xFF) > 90 && (c & 0xFF) < 60 && ((c >> 16) & 0xFF) < 60; };
+  auto isOrange = [](COLORREF c) {
+    return (c & 0xFF) > 200 && ((c >> 8) & 0xFF) > 80 && ((c >> 8) & 0xFF) < 170 && ((c >> 16) & 0xFF) < 60;
+  };
+  EXPECT_GT(countPixels(0, 0, 330, 20, isBlue), 10);
+  EXPECT_GT(countPixels(0, 0, 330, 20, isGreen), 10);
+  EXPECT_GT(countPixels(0, 0, 330, 20, isOrange), 10);
+  label->setCaption("<c&HC00000>blau</c> <c&H8000>gruen</c>");
+  EXPECT_EQ(label->Parts()(2).Color, -32768) << "four digits are a 16-bit number";
+  EXPECT_EQ(countPixels(0, 0, 330, 20, isGreen), 0);
+}
+
 TEST_F(LabelDrawTest, RefusedColourPrintsInTheEarlierColour) {
   label->setForeColor(0x0000FF);
   label->setCaption("<c-5>xx");

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <corvane/host/extender.h>
 #include <corvane/host/property_bag.h>
 #include "support/label_fixture.h"
 
@@ -31,12 +32,25 @@ TEST_F(LabelTest, BlankBetweenTaggedPiecesStaysWithTheEarlierPiece) {
   EXPECT_NE(label->Parts()(1).Bold, 0);
 }
 
-TEST_F(LabelTest, EmptyCaptionGivesOneEmptyPieceAndOneLineOfHeight) {
+TEST_F(LabelTest, EmptyCaptionClearsTheControlToOneEmptyLine) {
+  label->extenderObject().setHeight(900);
+  label->setBackColor(0xE0FFFF);
+  label->setCaption("<b>Fett</b> und <c&HFF>rot</c><br>zweite Zeile");
+  const Canvas& image = *desktop().windows().windowCanvas(label->surface().hWnd());
+  auto inked = [&] {
+    int n = 0;
+    for (int32_t y = 0; y < image.height(); ++y)
+      for (int32_t x = 0; x < image.width(); ++x) n += image.pixel(x, y) != 0xE0FFFF;
+    return n;
+  };
+  ASSERT_GT(inked(), 50) << "the caption was printed";
   label->setWordWrap(true);
   label->setCaption("");
   EXPECT_EQ(label->Parts().ubound(), 1);
   EXPECT_EQ(partsText(), "");
   EXPECT_FLOAT_EQ(label->surface().Height(), static_cast<float>(CLng(lineHeight())));
+  ASSERT_GT(image.width() * image.height(), 0);
+  EXPECT_EQ(inked(), 0) << "every pixel shows the back colour";
 }
 
 TEST_F(LabelTest, EmptyCaptionWithAutosizeHasTheHeightOfOneLine) {
@@ -172,6 +186,84 @@ TEST_F(LabelTest, ColourBeyondThirtyTwoBitsStopsParsingAtThatTag) {
   label->setCaption("<b>a</b><c99999999999>b<i>c");
   EXPECT_EQ(partsText(), "a|b<i>c");
   EXPECT_EQ(label->Parts()(2).Italic, 0) << "the text behind the tag stays unparsed";
+}
+
+TEST_F(LabelTest, OversizedColourAfterTextKeepsTheRestUnparsedInItsOwnPart) {
+  // The new part holds the rest of the caption before the colour fails on it.
+  label->setCaption("a<c99999999999>b<b>c");
+  ASSERT_EQ(label->Parts().ubound(), 2);
+  EXPECT_EQ(partsText(), "a|b<b>c");
+  const auto& p = label->Parts();
+  EXPECT_EQ(p(2).Bold, 0) << "nothing behind the failing tag is parsed";
+  EXPECT_EQ(p(2).NewLine, 0);
+  EXPECT_EQ(p(2).Color, p(1).Color) << "the failing colour is not applied";
+}
+
+TEST_F(LabelTest, OversizedHexColourAfterTextKeepsTheRestUnparsed) {
+  label->setCaption("x <i>a<c&H123456789>b</i>c");
+  EXPECT_EQ(partsText(), "x |a<c&H123456789>b</i>c");
+  EXPECT_NE(label->Parts()(2).Italic, 0);
+}
+
+TEST_F(LabelTest, FiveHexDigitsAreA32BitColour) {
+  label->setForeColor(0x123456);
+  label->setCaption("<c&HFF>a<c&H0FFFF>b<c&H08000>c");
+  const auto& p = label->Parts();
+  ASSERT_EQ(p.ubound(), 3);
+  EXPECT_EQ(p(2).Color, 65535);
+  EXPECT_EQ(p(3).Color, 32768);
+}
+
+TEST_F(LabelTest, TagThatEndsAtPosition32767IsStillParsed) {
+  // "<b>" ends at 32767 here, the last position the 16-bit tag positions hold.
+  const std::string text(32764, 'x');
+  label->setCaption(text + "<b>y");
+  ASSERT_EQ(label->Parts().ubound(), 2);
+  EXPECT_EQ(label->Parts()(1).Text, text);
+  EXPECT_EQ(label->Parts()(2).Text, "y");
+  EXPECT_NE(label->Parts()(2).Bold, 0);
+  // One character more, and the ">" stands at 32768: parsing stops.
+  label->setCaption(text + "x<b>y");
+  ASSERT_EQ(label->Parts().ubound(), 1);
+  EXPECT_EQ(label->Parts()(1).Text, text + "x<b>y");
+}
+
+TEST_F(LabelTest, TagBeyondThe16BitPositionOfALaterPartStopsParsingThere) {
+  // Positions count within the part that is searched, so a long caption parses as long as each
+  // tag stands within 32767 characters of the one before.
+  std::string caption;
+  for (int i = 0; i < 40; ++i) caption += std::string(1000, 'a') + "<b>" + std::string(1000, 'b') + "</b>";
+  const std::string tail = std::string(33000, 'x') + "<i>y";
+  label->setCaption(caption + tail);
+  const auto& p = label->Parts();
+  ASSERT_EQ(p.ubound(), 81);
+  EXPECT_NE(p(80).Bold, 0);
+  EXPECT_EQ(p(81).Text, tail);
+  EXPECT_EQ(p(81).Italic, 0);
+}
+
+TEST_F(LabelTest, CharactersNotBytesCountTowardsTheTagPositions) {
+  // 32,764 two-byte characters: "<b>" ends at character 32,767, far past byte 32,767.
+  std::string text;
+  for (int i = 0; i < 32764; ++i) text += "\xC3\xA4";
+  label->setCaption(text + "<b>y");
+  ASSERT_EQ(label->Parts().ubound(), 2);
+  EXPECT_EQ(label->Parts()(1).Text, text);
+  EXPECT_NE(label->Parts()(2).Bold, 0);
+  label->setCaption(text + "\xC3\xA4<b>y");
+  EXPECT_EQ(label->Parts().ubound(), 1) << "one character more and the tag is out of reach";
+}
+
+TEST_F(LabelTest, StoredPartTextGrowsLinearlyWithTheCaption) {
+  // Every part holds a buffer no larger than its own text, not the rest of the caption.
+  std::string caption;
+  for (int i = 0; i < 2000; ++i) caption += "ab <b>cd</b> ";
+  label->setCaption(caption);
+  const auto& p = label->Parts();
+  ASSERT_EQ(p.ubound(), 4000);
+  size_t stored = 0;
+  for (const LabelPart& part : p) stored += part.Text.capacity();
+  EXPECT_LT(stored, 2 * caption.size() + 16 * p.size());
 }
 
 TEST_F(LabelTest, TagBeyondThe16BitPositionStopsParsing) {

@@ -126,6 +126,7 @@ class CORVANE_API Surface {
   void handleMessage(int32_t msg, WPARAM wParam, LPARAM lParam);
 
  private:
+  float scaleBetween(float value, int16_t from, int16_t to, bool horizontal) const;
   float unitsPerPixelX() const;
   float unitsPerPixelY() const;
   static float twipsPerUnit(int16_t mode, bool horizontal);

@@ -60,6 +60,8 @@ class CORVANE_API GdiApi {
 
   // Text, in the font selected into the context.
   virtual bool TextOutA(HDC hdc, int32_t x, int32_t y, const std::string& text) = 0;
+  // A text is never narrower than its beginning: callers may stop measuring a long text at the
+  // first beginning that is too wide.
   virtual bool GetTextExtentPoint32A(HDC hdc, const std::string& text, SIZE& size) = 0;
   virtual bool GetTextMetricsA(HDC hdc, TEXTMETRIC& metrics) = 0;
   virtual int32_t DrawTextA(HDC hdc, const std::string& text, int32_t count, RECT& rect, int32_t flags) = 0;

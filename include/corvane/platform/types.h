@@ -27,6 +27,11 @@ using COLORREF = int32_t;  // &H00BBGGRR
 using OLE_COLOR = int32_t;
 using HKEY = int32_t;  // a predefined root or an open key of the settings store
 
+// The longest side, in pixels, that a window and so its image can have. A window asked for more
+// (CreateWindowExA, MoveWindow, SetWindowPos) gets this side; form files refuse larger sizes.
+// 16,384 pixels is beyond every real screen, and a window image of that side can still be made.
+constexpr int32_t kMaxWindowSide = 16384;
+
 struct CORVANE_API RECT {
   int32_t Left = 0, Top = 0, Right = 0, Bottom = 0;
   bool operator==(const RECT&) const = default;

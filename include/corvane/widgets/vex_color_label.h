@@ -1,5 +1,7 @@
 #pragma once
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include <corvane/export.h>
 #include <corvane/frame/control_base.h>
@@ -82,6 +84,21 @@ class CORVANE_API VexColorLabel : public ControlBase {
   // Caption, Autosize and Font repaint twice when the first pass made the control wider.
   void drawAfterWidthChange();
   void applyTag(LabelPart& part, const LabelTag& tag, int32_t defaultColour) const;
+  // NextTag on any text; the byte offsets of the tag's "<" and ">" go to the two pointers.
+  static LabelTag findTag(std::string_view text, size_t* startByte = nullptr, size_t* endByte = nullptr);
+  // SplitText on any text; the tail is the end of `text`, from its first character on.
+  void splitAt(std::string_view text, int32_t avail, std::string& head, std::string_view& tail, std::string& flag);
+  // Whether a text fits a width: `fits` is asked about the widths of ever longer beginnings of
+  // the text, which stops at the first that does not fit, since no text is narrower than its
+  // beginning. So a long text costs only as much as its part that fits.
+  struct Probe {
+    bool fits = false;   // the whole text fits; `width` is its width
+    float width = 0;
+    size_t failAt = 0;   // otherwise the length in bytes of a beginning that is too wide
+  };
+  template <class Fits>
+  Probe probe(std::string_view text, Fits fits);
+  void storeParts(std::vector<LabelPart>& parts);
 
   std::string m_Caption;
   bool m_Autosize = false;
