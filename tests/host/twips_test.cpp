@@ -3,6 +3,7 @@
 #include <string>
 
 #include <corvane/host/extender.h>
+#include <corvane/containers/vex_pane.h>
 #include <corvane/host/form_file.h>
 #include <corvane/host/screen.h>
 #include "support/desktop_fixture.h"
@@ -62,8 +63,10 @@ TEST_F(TwipsTest, ScaleConversionsOfWholePixelsAreExact) {
 }
 
 TEST_F(TwipsTest, FormFileStoresWholeTwipsForWholePixels) {
-  // 133 pixels are 1995 twips; a pane stores its scale, in twips here, with its size.
-  form->add("VexPane", "Pane1", nullptr, 15, 30, 1995, 1500);
+  // 133 pixels are 1995 twips. A pane with the HeadLines border sets its scale to its full size,
+  // in twips here, and stores that scale with its size.
+  auto pane = form->add<VexPane>("Pane1", 15, 30, 1995, 1500);
+  pane->setBorderStyle(VexPane::btHeadLines);
   const std::string text = FormFile::save(*form);
   EXPECT_NE(text.find("\"Single\": 1995.0"), std::string::npos) << text;
   EXPECT_EQ(text.find("1994.9"), std::string::npos) << text;
