@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Speed of the desktop drawing layer on its hot paths: measuring and printing single words (as
 // the HTML view does, word by word) next to Pango doing the same work, and long aliased lines.
 #include <benchmark/benchmark.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The gradient painter on a full-HD surface against Cairo's own linear gradient fill of an image
 // of the same size in the same direction. The painter draws one pen line per pixel step along the
 // sweep; Cairo computes every pixel of the image.

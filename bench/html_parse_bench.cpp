@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The HTML view's parse of a 30 KB page, from setting Text to the finished tree: normalising,
 // splitting, classifying, the repair of open paragraphs, rows and cells, the links and the tree.
 #include <benchmark/benchmark.h>

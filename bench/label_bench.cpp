@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The markup label against Pango's own markup layout and paint of the same text, the cost of
 // measuring one word once its font is known, and the label's wrapping and parsing at scale.
 #include <benchmark/benchmark.h>

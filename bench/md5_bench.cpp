@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A 64 MiB digest by cMDF beside OpenSSL's MD5 in the same run. 64 MiB is a whole number of
 // blocks below 512 MiB, where the class's padding is the standard one, so both give the same digest.
 #include <benchmark/benchmark.h>

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Writes every PNG of DIR into one C++ file as a byte array, keyed by the file's base name.
 file(GLOB files ${DIR}/*.png)
 list(SORT files)

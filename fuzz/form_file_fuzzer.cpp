@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Form files: a malformed one is refused with FormFileError and nothing else.
 #include <corvane/host/form_file.h>
 

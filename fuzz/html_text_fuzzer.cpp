@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Sets Text of an HTML view to arbitrary bytes: normalising, splitting, classifying, the repair,
 // the links and the tree must take any input without a crash, a hang or unbounded memory.
 #include <corvane/html/vex_html.h>

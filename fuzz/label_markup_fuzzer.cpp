@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The markup label's caption: parsing, wrapping, printing and growing. The first byte chooses
 // WordWrap (bit 0) and Autosize (bit 1); the rest is the caption.
 #include <corvane/widgets/vex_color_label.h>

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Writes the seed corpus of each fuzz target into fuzz/corpus/<target>/ (run from anywhere)."""
 import base64
 import json

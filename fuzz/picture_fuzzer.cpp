@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Pictures from bytes: PNG, BMP, ICO and CUR. The first byte asks for an icon (bit 0); the rest
 // is the file. A picture that decodes is measured and drawn.
 #include <corvane/host/std_picture.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Property bags as ReadProperties of each control finds them, with values of any type under
 // the control's own keys. The first byte chooses the control; then each entry is a key byte, a
 // type byte and the value. The loaded control is shown, hovered, left and written back.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Val, IsNumeric, Format and FormatDate. The input is a text, a zero byte and a pattern; the
 // first 24 bytes also give the fields of a date. A run-time error is a defined answer.
 #include <corvane/runtime/datetime.h>

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # The program shown in docs/getting-started.md is examples/getting_started/main.cpp, verbatim:
 # the page's first C++ code block must equal the file, so that the page cannot go stale.
 set -euo pipefail

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Installs the library twice, shared and static, into scratch prefixes, checks what was installed
 # (public headers only, no third-party headers, only the library's own symbols exported), and
 # builds and runs every program under examples/ against each install with find_package(Corvane)

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Draws the 19 toolbox bitmaps of the controls (16 by 15 pixels) as src/resources/30000.png to
 30018.png, one per control in the order of the class table. With --sheet PATH it also writes all
 of them enlarged side by side, with a gap, for looking at them."""

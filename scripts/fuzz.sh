@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Builds the fuzz targets with Debian's clang++-14 and libFuzzer into build-fuzz/, then runs each
 # for the given number of seconds (default 60), one after the other, starting from the seeds in
 # fuzz/corpus/<target>. A crash, a hang (5 s per input), a leak or more than 2 GB of memory is a

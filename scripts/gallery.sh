@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Installs what is missing, builds, and renders every control into out/gallery (and opens the live
 # viewer when a display is present and --live is given).
 set -euo pipefail

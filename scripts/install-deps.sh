@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Installs the Debian packages the build needs, only when one is missing; with --fuzz also
 # Debian's Clang and its libFuzzer, for the fuzz targets.
 set -euo pipefail

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Installs what is missing, builds, and runs the whole suite; checks that the getting-started page
 # shows the example program; builds and runs the examples against the installed package (shared
 # and static, CMake and pkg-config); then runs the suite again under AddressSanitizer and

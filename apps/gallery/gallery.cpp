@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "gallery.h"
 
 #include <corvane/host/std_font.h>

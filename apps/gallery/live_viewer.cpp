@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "live_viewer.h"
 
 #ifdef CORVANE_HAVE_SDL2

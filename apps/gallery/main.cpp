@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The gallery: renders every control of the library in representative states into PNG files,
 // headless; with --live it shows the desktop in a window where a display exists.
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A program outside the library's tree: creates a markup label by class name, as a form file or
 // late-bound code does, and reads its caption back by name.
 #include <cstdio>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The first program: an application, a form with a gradient pane, a label with markup and a
 // hover button with a Click handler; the form saved as a form file, loaded again and saved as
 // a PNG picture. Usage: getting_started [output folder]

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A program that includes the X11 headers before the library's, as a program with X11 code of its
 // own does: their macros (None, Bool, Status, Success, True, False, KeyPress) stay as they are,
 // and the library's names are reached in their prefixed or late-bound form.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/app/application.h>
 
 #include <corvane/app/headless_display.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/containers/vex_l_frame.h>
 
 namespace corvane {

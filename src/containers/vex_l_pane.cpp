@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/containers/vex_l_pane.h>
 
 #include <corvane/host/extender.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/canvas.h"
 
 #include <algorithm>

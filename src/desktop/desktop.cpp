@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/desktop.h"
 
 #include <spawn.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/desktop_registry.h"
 
 #include <pwd.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/font_cache.h"
 
 #include <pango/pangocairo.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/font_substitution.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/gdi_raster.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/image_codec.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/image_painter.h"
 
 #include <algorithm>

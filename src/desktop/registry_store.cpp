@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/registry_store.h"
 
 #include <corvane/runtime/strings.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/sys_colors.h"
 
 namespace corvane {

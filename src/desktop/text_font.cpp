@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/text_font.h"
 
 #include <pango/pangocairo.h>

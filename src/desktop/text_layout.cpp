@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/text_layout.h"
 
 #include "desktop/text_utf8.h"

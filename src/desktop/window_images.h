@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 #include "desktop/canvas.h"
 #include <corvane/platform/types.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/window_manager.h"
 
 #include <corvane/runtime/error_handler.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/frame/isubclass.h>
 
 #include <corvane/frame/subclass.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/frame/msubclass.h>
 
 #include <corvane/frame/subclass.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/frame/tile_picture.h>
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/host/control_collection.h>
 #include <corvane/host/extender.h>
 #include <corvane/runtime/strings.h>

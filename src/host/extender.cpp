@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/host/extender.h>
 
 #include <corvane/host/form.h>

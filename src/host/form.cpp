@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/host/form.h>
 
 #include <algorithm>

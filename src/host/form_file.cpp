@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/host/form_file.h>
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/host/hosted_control.h>
 
 #include <corvane/host/extender.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/host/picture_box.h>
 
 #include <corvane/runtime/guard.h>

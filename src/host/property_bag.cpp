@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/host/property_bag.h>
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/host/screen.h>
 
 #include <corvane/platform/api.h>

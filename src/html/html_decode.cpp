@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/html/html_decode.h>
 #include <corvane/runtime/strings.h>
 #include <corvane/runtime/utf8.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/html/html_dump.h>
 #include <corvane/runtime/strings.h>
 #include <corvane/runtime/variant.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "html/html_nesting_repair.h"
 
 #include <corvane/html/html_tags.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/html/html_source.h>
 #include <corvane/runtime/strings.h>
 #include <corvane/runtime/win1252.h>

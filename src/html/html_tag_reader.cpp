@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/html/html_tag_reader.h>
 #include <corvane/runtime/checked.h>
 #include <corvane/runtime/indexed_text.h>

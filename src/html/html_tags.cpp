@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/html/html_tags.h>
 
 #include <algorithm>

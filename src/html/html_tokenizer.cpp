@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/html/html_decode.h>
 #include <corvane/html/html_tags.h>
 #include <corvane/html/html_tokenizer.h>

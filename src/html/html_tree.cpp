@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/html/html_tags.h>
 #include <corvane/html/html_tree.h>
 #include <corvane/runtime/checked.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/html/html_tree.h>
 #include <corvane/html/vex_html.h>
 

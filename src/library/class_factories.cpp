@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The factories of the classes built so far. The registry asks for them once, at its first use;
 // a class of the table without a factory here is reported as not available in this build.
 #include <memory>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/platform/platform.h>
 
 #include <corvane/runtime/runtime_error.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/runtime/array2d_object.h>
 
 #include <new>

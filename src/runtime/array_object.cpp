@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/runtime/array_object.h>
 
 namespace corvane {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/runtime/component_object.h>
 
 namespace corvane {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/runtime/error_handler.h>
 
 #include <iostream>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/runtime/guard.h>
 
 namespace corvane {

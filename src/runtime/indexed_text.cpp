@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/runtime/indexed_text.h>
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/runtime/utf8.h>
 
 namespace corvane::utf8 {

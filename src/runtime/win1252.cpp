@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/runtime/win1252.h>
 
 #include <corvane/runtime/runtime_error.h>

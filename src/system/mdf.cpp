@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/runtime/array_object.h>
 #include <corvane/runtime/checked.h>
 #include <corvane/runtime/runtime_error.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/widgets/vex_color_label.h>
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/widgets/vex_hover_pic.h>
 
 #include <corvane/host/screen.h>

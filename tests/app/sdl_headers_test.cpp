@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The public headers after SDL's, which a live viewer includes.
 #include <SDL2/SDL.h>
 

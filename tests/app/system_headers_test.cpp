@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The public headers after the X11 headers, whose macros (None, Bool, Status, Success, True,
 // False, KeyPress ...) would break any declaration of the same name. GoogleTest comes first: it
 // has such names itself.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "desktop/window_manager.h"
 
 #include <gtest/gtest.h>

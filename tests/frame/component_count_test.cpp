@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/containers/vex_pane.h>
 #include <corvane/frame/gradient.h>
 #include <corvane/host/form.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/frame/global.h>
 
 #include <gtest/gtest.h>

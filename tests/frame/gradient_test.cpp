@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/frame/gradient.h>
 
 #include <gtest/gtest.h>

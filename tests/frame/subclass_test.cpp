@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/frame/subclass.h>
 
 #include <gtest/gtest.h>

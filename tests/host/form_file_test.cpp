@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/containers/vex_pane.h>
 #include <corvane/host/form_file.h>
 #include <corvane/host/screen.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/host/form.h>
 #include <corvane/host/std_picture.h>
 #include <corvane/platform/api.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/html/html_decode.h>
 #include <gtest/gtest.h>
 

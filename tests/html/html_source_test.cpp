@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/html/html_source.h>
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/html/html_tag_reader.h>
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 #include <corvane/html/html_dump.h>
 #include <corvane/html/vex_html.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/html/vex_html.h>
 #include <corvane/runtime/class_registry.h>
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A program that builds an application, forms and controls and returns from main without
 // unloading anything: the application's end must release everything in order (run under
 // AddressSanitizer by the test script).

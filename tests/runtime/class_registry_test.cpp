@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/runtime/class_registry.h>
 #include <corvane/runtime/component_object.h>
 

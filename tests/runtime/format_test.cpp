@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/runtime/format.h>
 
 #include <gtest/gtest.h>

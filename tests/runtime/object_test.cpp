@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/runtime/object.h>
 
 #include <gtest/gtest.h>

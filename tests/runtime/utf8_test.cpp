@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/runtime/utf8.h>
 
 #include <gtest/gtest.h>

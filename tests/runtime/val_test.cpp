@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/runtime/val.h>
 
 #include <gtest/gtest.h>

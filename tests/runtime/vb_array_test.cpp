@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/runtime/vb_array.h>
 
 #include <gtest/gtest.h>

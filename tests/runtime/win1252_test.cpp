@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/runtime/win1252.h>
 
 #include <gtest/gtest.h>

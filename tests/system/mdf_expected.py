@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Expected digests of the cMDF tests, worked out apart from the class.
 
 The class pads in its own way: a count of 56 modulo 64 gets no pad byte, and above 56 the pad is

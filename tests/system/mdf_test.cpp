@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/runtime/array_object.h>
 #include <corvane/runtime/class_registry.h>
 #include <corvane/system/mdf.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/frame/global.h>
 #include <corvane/runtime/class_registry.h>
 #include <corvane/system/my_tools.h>

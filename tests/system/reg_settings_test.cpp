@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <corvane/platform/api.h>
 #include <corvane/runtime/array2d_object.h>
 #include <corvane/runtime/array_object.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The settings store and cRegSettings with input that is not what they expect: files that are no
 // database, and key paths with quotes, percent signs, binary garbage and deep nesting.
 #include <corvane/platform/api.h>

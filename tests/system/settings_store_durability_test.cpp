@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Durability of the settings store across processes: a writer killed at random moments never
 // loses a value it was told was written, and two writers at once keep all their values.
 #include <corvane/system/reg_settings.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 #include <corvane/export.h>
 #include <corvane/runtime/object.h>
