@@ -48,15 +48,15 @@ Variant valueFrom(fuzz::FuzzInput& in) {
     case 7: return Variant(in.number<double>());
     case 8: return Variant(in.text(in.byte()));
     case 9: {
-      FontSpec spec;
-      spec.name = in.text(in.byte() % 32);
-      spec.size = 1 + in.number<uint16_t>() % 2047;
+      FontSpec fontSpec;
+      fontSpec.name = in.text(in.byte() % 32);
+      fontSpec.size = 1 + in.number<uint16_t>() % 2047;
       const uint8_t style = in.byte();
-      spec.bold = style & 1;
-      spec.italic = style & 2;
-      spec.underline = style & 4;
-      spec.strikethrough = style & 8;
-      return Variant(StdFont::create(spec));
+      fontSpec.bold = style & 1;
+      fontSpec.italic = style & 2;
+      fontSpec.underline = style & 4;
+      fontSpec.strikethrough = style & 8;
+      return Variant(StdFont::create(fontSpec));
     }
     default: {
       PictureRef picture = StdPicture::fromBytes(in.bytes(in.number<uint16_t>()));
