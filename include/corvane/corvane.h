@@ -35,6 +35,7 @@
 #include <corvane/host/form_file.h>
 #include <corvane/host/hosted_control.h>
 #include <corvane/host/picture_box.h>
+#include <corvane/host/scroll_bar.h>
 #include <corvane/host/property_bag.h>
 #include <corvane/host/screen.h>
 #include <corvane/host/std_font.h>
