@@ -34,6 +34,7 @@
 #include <corvane/host/form.h>
 #include <corvane/host/form_file.h>
 #include <corvane/host/label.h>
+#include <corvane/host/text_box.h>
 #include <corvane/host/hosted_control.h>
 #include <corvane/host/picture_box.h>
 #include <corvane/host/scroll_bar.h>
@@ -72,6 +73,7 @@
 
 #include <corvane/widgets/vex_color_label.h>
 #include <corvane/widgets/vex_hover_pic.h>
+#include <corvane/widgets/vex_info_panel.h>
 #include <corvane/widgets/vex_info_panel_light.h>
 #include <corvane/widgets/vex_splitter.h>
 

@@ -81,8 +81,8 @@ int32_t Label::Top() const {
 }
 
 void Label::Move(int32_t left, int32_t top, int32_t width, int32_t height) {
+  // As in the form engine, a move keeps the size given; only a new text or font fits it again.
   user().MoveWindow(surface().hWnd(), left, top, std::max(width, 0), std::max(height, 0), true);
-  fitToText();
 }
 
 bool Label::Visible() const { return user().IsWindowVisible(surface().hWnd()); }

@@ -18,6 +18,7 @@
 #include <corvane/system/reg_settings.h>
 #include <corvane/widgets/vex_color_label.h>
 #include <corvane/widgets/vex_hover_pic.h>
+#include <corvane/widgets/vex_info_panel.h>
 #include <corvane/widgets/vex_info_panel_light.h>
 #include <corvane/widgets/vex_splitter.h>
 
@@ -26,6 +27,7 @@ namespace corvane {
 void registerLibraryClasses(ClassRegistry& registry) {
   registry.registerFactory("VexColorLabel", [] { return std::make_shared<VexColorLabel>(); });
   registry.registerFactory("VexHoverPic", [] { return std::make_shared<VexHoverPic>(); });
+  registry.registerFactory("VexInfoPanel", [] { return std::make_shared<VexInfoPanel>(); });
   registry.registerFactory("VexInfoPanelLight", [] { return std::make_shared<VexInfoPanelLight>(); });
   registry.registerFactory("VexSplitter", [] { return std::make_shared<VexSplitter>(); });
   registry.registerFactory("CGradient", [] { return std::make_shared<CGradient>(); });
