@@ -5,6 +5,7 @@
 
 #include <corvane/host/extender.h>
 #include <corvane/host/picture_box.h>
+#include <corvane/host/scroll_bar.h>
 #include <corvane/host/screen.h>
 #include <corvane/platform/api.h>
 #include <corvane/runtime/checked.h>
@@ -16,6 +17,8 @@ namespace corvane {
 namespace {
 HostedControlRef createControl(const std::string& className) {
   if (LCase(className) == "picturebox") return std::make_shared<PictureBox>();
+  if (LCase(className) == "vscrollbar") return std::make_shared<ScrollBar>(true);
+  if (LCase(className) == "hscrollbar") return std::make_shared<ScrollBar>(false);
   auto c = std::dynamic_pointer_cast<HostedControl>(ClassRegistry::instance().create(className));
   if (!c) throw RuntimeError(err::TypeMismatch, "'" + className + "' is no control");
   return c;
