@@ -4,6 +4,7 @@
 #include <corvane/system/reg_settings.h>
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <poll.h>
 #include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -78,12 +79,17 @@ TEST_F(SettingsStoreDurabilityTest, ValuesConfirmedBeforeSigkillSurviveTwoHundre
       writeUntilKilled(desktop(), file, fds[1], round);
     }
     close(fds[1]);
+    // The kill falls at a random moment after the writer's first confirmed write, so that every
+    // round checks something however busy the machine is.
+    Confirmed c;
+    pollfd first{fds[0], POLLIN, 0};
+    if (poll(&first, 1, 10000) == 1 && read(fds[0], &c, sizeof c) == static_cast<ssize_t>(sizeof c))
+      confirmed.push_back(c);
     usleep(static_cast<useconds_t>(delayUs(random)));
     kill(child, SIGKILL);
     int status = 0;
     waitpid(child, &status, 0);
     ASSERT_TRUE(WIFSIGNALED(status)) << "the writer ended before it was killed";
-    Confirmed c;
     while (read(fds[0], &c, sizeof c) == static_cast<ssize_t>(sizeof c)) confirmed.push_back(c);
     close(fds[0]);
 
@@ -109,7 +115,7 @@ TEST_F(SettingsStoreDurabilityTest, ValuesConfirmedBeforeSigkillSurviveTwoHundre
   RecordProperty("confirmed_writes", static_cast<int>(confirmed.size()));
   std::cout << "[ durability ] 200 kills, " << confirmed.size() << " confirmed writes, " << failures
             << " failures, " << seconds << " s\n";
-  EXPECT_GT(confirmed.size(), 200u) << "the writer hardly got to write";
+  EXPECT_GE(confirmed.size(), 200u) << "a writer confirmed nothing before its kill";
   std::filesystem::remove_all(folder);
 }
 
