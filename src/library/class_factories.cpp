@@ -18,12 +18,14 @@
 #include <corvane/system/reg_settings.h>
 #include <corvane/widgets/vex_color_label.h>
 #include <corvane/widgets/vex_hover_pic.h>
+#include <corvane/widgets/vex_line_hover.h>
 
 namespace corvane {
 
 void registerLibraryClasses(ClassRegistry& registry) {
   registry.registerFactory("VexColorLabel", [] { return std::make_shared<VexColorLabel>(); });
   registry.registerFactory("VexHoverPic", [] { return std::make_shared<VexHoverPic>(); });
+  registry.registerFactory("VexLineHover", [] { return std::make_shared<VexLineHover>(); });
   registry.registerFactory("CGradient", [] { return std::make_shared<CGradient>(); });
   registry.registerFactory("clsTilePicture", [] { return std::make_shared<clsTilePicture>(); });
   registry.registerFactory("clsSubClass", [] { return std::make_shared<clsSubClass>(); });
