@@ -68,6 +68,8 @@
 #include <corvane/system/my_tools.h>
 #include <corvane/system/reg_settings.h>
 
+#include <corvane/widgets/painted_label.h>
+#include <corvane/widgets/vex_check.h>
 #include <corvane/widgets/vex_color_label.h>
 #include <corvane/widgets/vex_hover_pic.h>
 #include <corvane/widgets/vex_line_hover.h>

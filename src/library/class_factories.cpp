@@ -16,6 +16,7 @@
 #include <corvane/system/mdf.h>
 #include <corvane/system/my_tools.h>
 #include <corvane/system/reg_settings.h>
+#include <corvane/widgets/vex_check.h>
 #include <corvane/widgets/vex_color_label.h>
 #include <corvane/widgets/vex_hover_pic.h>
 #include <corvane/widgets/vex_line_hover.h>
@@ -26,6 +27,7 @@ void registerLibraryClasses(ClassRegistry& registry) {
   registry.registerFactory("VexColorLabel", [] { return std::make_shared<VexColorLabel>(); });
   registry.registerFactory("VexHoverPic", [] { return std::make_shared<VexHoverPic>(); });
   registry.registerFactory("VexLineHover", [] { return std::make_shared<VexLineHover>(); });
+  registry.registerFactory("VexCheck", [] { return std::make_shared<VexCheck>(); });
   registry.registerFactory("CGradient", [] { return std::make_shared<CGradient>(); });
   registry.registerFactory("clsTilePicture", [] { return std::make_shared<clsTilePicture>(); });
   registry.registerFactory("clsSubClass", [] { return std::make_shared<clsSubClass>(); });
@@ -47,6 +49,13 @@ void registerLibraryClasses(ClassRegistry& registry) {
                                        {"CrossSingle", VexPane::btCrossSingle},
                                        {"CrossFull", VexPane::btCrossFull},
                                        {"HeadLines", VexPane::btHeadLines}});
+  registry.registerEnum("Checker", {{"Haken", Haken}, {"HakenWing", HakenWing}, {"Kreuz", Kreuz}, {"Kreis", Kreis},
+                                    {"Dreieck", Dreieck}});
+  registry.registerEnum("State", {{"Unchecked", Unchecked}, {"Checked", Checked}, {"Mixed", Mixed}});
+  registry.registerEnum("CapHoverMode", {{"OnlyColor", OnlyColor},
+                                         {"ColorUnderline", ColorUnderline},
+                                         {"OnlyUnderline", OnlyUnderline},
+                                         {"Deactivate", Deactivate}});
   registry.registerEnum("PictureTypeConstants", {{"vbPicTypeNone", StdPicture::vbPicTypeNone},
                                                  {"vbPicTypeBitmap", StdPicture::vbPicTypeBitmap},
                                                  {"vbPicTypeIcon", StdPicture::vbPicTypeIcon}});
