@@ -73,6 +73,8 @@
 #include <corvane/widgets/vex_color_label.h>
 #include <corvane/widgets/vex_hover_pic.h>
 #include <corvane/widgets/vex_line_hover.h>
+#include <corvane/widgets/vex_progress.h>
+#include <corvane/widgets/vex_snip.h>
 
 #include <corvane/app/application.h>
 #include <corvane/app/headless_display.h>

@@ -20,6 +20,8 @@
 #include <corvane/widgets/vex_color_label.h>
 #include <corvane/widgets/vex_hover_pic.h>
 #include <corvane/widgets/vex_line_hover.h>
+#include <corvane/widgets/vex_progress.h>
+#include <corvane/widgets/vex_snip.h>
 
 namespace corvane {
 
@@ -28,6 +30,8 @@ void registerLibraryClasses(ClassRegistry& registry) {
   registry.registerFactory("VexHoverPic", [] { return std::make_shared<VexHoverPic>(); });
   registry.registerFactory("VexLineHover", [] { return std::make_shared<VexLineHover>(); });
   registry.registerFactory("VexCheck", [] { return std::make_shared<VexCheck>(); });
+  registry.registerFactory("VexProgress", [] { return std::make_shared<VexProgress>(); });
+  registry.registerFactory("VexSnip", [] { return std::make_shared<VexSnip>(); });
   registry.registerFactory("CGradient", [] { return std::make_shared<CGradient>(); });
   registry.registerFactory("clsTilePicture", [] { return std::make_shared<clsTilePicture>(); });
   registry.registerFactory("clsSubClass", [] { return std::make_shared<clsSubClass>(); });
