@@ -316,6 +316,31 @@ TEST_F(CheckTest, MouseOutComesTogetherWithTheOneMouseMove) {
   EXPECT_EQ(count("MouseMove 0"), 2);
 }
 
+TEST_F(CheckTest, MoveOverALabelCarriesTheLabelsPlace) {
+  // The Wingdings mark reaches below the 14-pixel box; a captured move over it, outside the
+  // control, arrives with the mark's left and top (-1 and -7 pixels) and so counts as leaving.
+  check->setChecker(HakenWing);
+  check->setValue(Checked);
+  ASSERT_GT(check->ok().Top + check->ok().Height, 18);
+  float seenX = 0, seenY = 0;
+  check->MouseMove.connect([&](int16_t&, int16_t&, float& x, float& y) { seenX = x, seenY = y; });
+  moveTo(60, 5);  // on the caption
+  ASSERT_EQ(check->look(), VexCheck::LookHover);
+  user().SendMessageA(check->hWnd(), wm::MOUSEMOVE, 0, mouseAt(2, 17));
+  EXPECT_FLOAT_EQ(seenX, -1 * tpp());
+  EXPECT_FLOAT_EQ(seenY, -7 * tpp());
+  EXPECT_EQ(count("MouseOut"), 1) << ::testing::PrintToString(log);
+}
+
+TEST_F(CheckTest, PressAndReleaseOnTheCaptionArriveAsTheyAre) {
+  float downX = 0, upX = 0;
+  check->MouseDown.connect([&](int16_t&, int16_t&, float& x, float&) { downX = x; });
+  check->MouseUp.connect([&](int16_t&, int16_t&, float& x, float&) { upX = x; });
+  clickAt(60, 5);
+  EXPECT_FLOAT_EQ(downX, 60 * tpp());
+  EXPECT_FLOAT_EQ(upX, 60 * tpp());
+}
+
 TEST_F(CheckTest, DisabledControlTakesNoMouse) {
   check->setEnabled(false);
   clickAt(5, 5);
