@@ -158,6 +158,20 @@ TEST_F(CheckTest, DisablingAtRunTimeDisablesTheWindow) {
   EXPECT_EQ(check->controlSite().changedKeys, std::vector<std::string>{"Enabled"});
 }
 
+TEST_F(CheckTest, NoDrawingObjectIsLeftAlive) {
+  check->setValue(Checked);
+  const int32_t before = desktop().liveDrawingObjects();
+  for (int i = 0; i < 3; ++i) {
+    moveTo(5, 5);
+    clickAt(60, 5);
+    moveOff();
+    check->setEnabled(false);
+    check->setEnabled(true);
+  }
+  EXPECT_EQ(desktop().liveDrawingObjects(), before)
+      << "each box picture is given back when the next one comes";
+}
+
 // ---- the mark ----
 
 struct MarkRow {
