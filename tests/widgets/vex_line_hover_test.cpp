@@ -318,6 +318,23 @@ TEST_F(LineHoverTest, KeysAreForwarded) {
 
 // ---- subclass and lifecycle ----
 
+TEST_F(LineHoverTest, LeaveNoticeOnTheOwnWindowDrawsThePlainLook) {
+  line->setCaption("Xxxxxx");
+  line->Draw(true);
+  ASSERT_GT(pixelsOf(kBlue), 0);
+  user().SendMessageA(line->hWnd(), wm::MOUSELEAVE, 0, 0);
+  EXPECT_EQ(pixelsOf(kBlue), 0);
+  EXPECT_GT(pixelsOf(kRed), 0);
+}
+
+TEST_F(LineHoverTest, EveryShowDrawsThePlainLook) {
+  line->setCaption("Xxxxxx");
+  line->Draw(true);
+  line->Show();
+  EXPECT_EQ(pixelsOf(kBlue), 0);
+  EXPECT_GT(pixelsOf(kRed), 0);
+}
+
 TEST_F(LineHoverTest, OwnWindowIsSubclassedUntilTerminate) {
   ASSERT_NE(line->subclass(), nullptr);
   EXPECT_NE(user().GetPropA(line->hWnd(), "SSC_OLDPROC"), 0);
