@@ -71,11 +71,16 @@
 #include <corvane/system/my_tools.h>
 #include <corvane/system/reg_settings.h>
 
+#include <corvane/widgets/painted_label.h>
+#include <corvane/widgets/vex_check.h>
 #include <corvane/widgets/vex_color_label.h>
 #include <corvane/widgets/vex_hover_pic.h>
 #include <corvane/widgets/vex_info_panel.h>
 #include <corvane/widgets/vex_info_panel_light.h>
 #include <corvane/widgets/vex_splitter.h>
+#include <corvane/widgets/vex_line_hover.h>
+#include <corvane/widgets/vex_progress.h>
+#include <corvane/widgets/vex_snip.h>
 
 #include <corvane/app/application.h>
 #include <corvane/app/headless_display.h>

@@ -62,7 +62,7 @@ void fillClipped(Canvas& canvas, const RECT& clip, int32_t left, int32_t top, in
 
 // The first count characters of a text (all of it for a negative count).
 std::string_view firstCharacters(std::string_view text, int32_t count) {
-  if (count < 0) return text;
+  if (count < 0) return text.substr(0, text.find('\0'));  // a text of unknown length ends at a NUL
   size_t i = 0;
   for (int32_t n = 0; n < count && i < text.size(); ++n) nextCodePoint(text, i);
   return text.substr(0, i);

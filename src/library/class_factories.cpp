@@ -16,11 +16,15 @@
 #include <corvane/system/mdf.h>
 #include <corvane/system/my_tools.h>
 #include <corvane/system/reg_settings.h>
+#include <corvane/widgets/vex_check.h>
 #include <corvane/widgets/vex_color_label.h>
 #include <corvane/widgets/vex_hover_pic.h>
 #include <corvane/widgets/vex_info_panel.h>
 #include <corvane/widgets/vex_info_panel_light.h>
 #include <corvane/widgets/vex_splitter.h>
+#include <corvane/widgets/vex_line_hover.h>
+#include <corvane/widgets/vex_progress.h>
+#include <corvane/widgets/vex_snip.h>
 
 namespace corvane {
 
@@ -30,6 +34,10 @@ void registerLibraryClasses(ClassRegistry& registry) {
   registry.registerFactory("VexInfoPanel", [] { return std::make_shared<VexInfoPanel>(); });
   registry.registerFactory("VexInfoPanelLight", [] { return std::make_shared<VexInfoPanelLight>(); });
   registry.registerFactory("VexSplitter", [] { return std::make_shared<VexSplitter>(); });
+  registry.registerFactory("VexLineHover", [] { return std::make_shared<VexLineHover>(); });
+  registry.registerFactory("VexCheck", [] { return std::make_shared<VexCheck>(); });
+  registry.registerFactory("VexProgress", [] { return std::make_shared<VexProgress>(); });
+  registry.registerFactory("VexSnip", [] { return std::make_shared<VexSnip>(); });
   registry.registerFactory("CGradient", [] { return std::make_shared<CGradient>(); });
   registry.registerFactory("clsTilePicture", [] { return std::make_shared<clsTilePicture>(); });
   registry.registerFactory("clsSubClass", [] { return std::make_shared<clsSubClass>(); });
@@ -51,6 +59,13 @@ void registerLibraryClasses(ClassRegistry& registry) {
                                        {"CrossSingle", VexPane::btCrossSingle},
                                        {"CrossFull", VexPane::btCrossFull},
                                        {"HeadLines", VexPane::btHeadLines}});
+  registry.registerEnum("Checker", {{"Haken", Haken}, {"HakenWing", HakenWing}, {"Kreuz", Kreuz}, {"Kreis", Kreis},
+                                    {"Dreieck", Dreieck}});
+  registry.registerEnum("State", {{"Unchecked", Unchecked}, {"Checked", Checked}, {"Mixed", Mixed}});
+  registry.registerEnum("CapHoverMode", {{"OnlyColor", OnlyColor},
+                                         {"ColorUnderline", ColorUnderline},
+                                         {"OnlyUnderline", OnlyUnderline},
+                                         {"Deactivate", Deactivate}});
   registry.registerEnum("PictureTypeConstants", {{"vbPicTypeNone", StdPicture::vbPicTypeNone},
                                                  {"vbPicTypeBitmap", StdPicture::vbPicTypeBitmap},
                                                  {"vbPicTypeIcon", StdPicture::vbPicTypeIcon}});

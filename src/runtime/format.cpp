@@ -203,7 +203,7 @@ std::string formatNumber(double value, std::string_view pattern, int significant
     if (sec.tokens[t].kind == Tok::Literal) literalInside = true;
 
   Decimal d = toDecimal(value, significant);
-  d.exp += 2 * sec.percent;  // scaling in decimal keeps the digits exact
+  if (!d.digits.empty()) d.exp += 2 * sec.percent;  // scaling in decimal keeps the digits exact; zero stays zero
   roundTo(d, decimals);
 
   std::string intDigits = integerDigits(d);

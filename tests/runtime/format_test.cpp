@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <corvane/runtime/format.h>
-
 #include <gtest/gtest.h>
 
 using namespace corvane;
@@ -72,6 +71,12 @@ TEST(Format, PercentMultipliesByHundred) {
   EXPECT_EQ(Format(0.001, "0%"), "0%");
   EXPECT_EQ(Format(1.0 / 3.0, "0%"), "33%");
   EXPECT_EQ(Format(0.4567, "0.0%"), "45.7%");
+}
+
+TEST(Format, PercentOfZeroIsZero) {
+  EXPECT_EQ(Format(0, "0%"), "0%");
+  EXPECT_EQ(Format(0.0, "0.0%"), "0.0%");
+  EXPECT_EQ(Format(0, "#%"), "%");
 }
 
 TEST(Format, LiteralsAndSections) {
