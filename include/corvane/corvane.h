@@ -50,6 +50,7 @@
 #include <corvane/frame/subclass.h>
 #include <corvane/frame/tile_picture.h>
 
+#include <corvane/containers/vex_frame.h>
 #include <corvane/containers/vex_l_frame.h>
 #include <corvane/containers/vex_l_pane.h>
 #include <corvane/containers/vex_pane.h>
