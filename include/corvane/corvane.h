@@ -51,6 +51,7 @@
 #include <corvane/frame/tile_picture.h>
 
 #include <corvane/containers/vex_frame.h>
+#include <corvane/containers/vex_frame_box.h>
 #include <corvane/containers/vex_l_frame.h>
 #include <corvane/containers/vex_l_pane.h>
 #include <corvane/containers/vex_pane.h>
