@@ -52,6 +52,7 @@
 
 #include <corvane/containers/vex_frame.h>
 #include <corvane/containers/vex_frame_box.h>
+#include <corvane/containers/vex_frame_button.h>
 #include <corvane/containers/vex_l_frame.h>
 #include <corvane/containers/vex_l_pane.h>
 #include <corvane/containers/vex_pane.h>

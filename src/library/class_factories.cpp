@@ -5,6 +5,7 @@
 
 #include <corvane/containers/vex_frame.h>
 #include <corvane/containers/vex_frame_box.h>
+#include <corvane/containers/vex_frame_button.h>
 #include <corvane/containers/vex_l_frame.h>
 #include <corvane/containers/vex_l_pane.h>
 #include <corvane/containers/vex_pane.h>
@@ -33,6 +34,7 @@ void registerLibraryClasses(ClassRegistry& registry) {
   registry.registerFactory("VexPane", [] { return std::make_shared<VexPane>(); });
   registry.registerFactory("VexFrame", [] { return std::make_shared<VexFrame>(); });
   registry.registerFactory("VexFrameBox", [] { return std::make_shared<VexFrameBox>(); });
+  registry.registerFactory("VexFrameButton", [] { return std::make_shared<VexFrameButton>(); });
   registry.registerFactory("VexLFrame", [] { return std::make_shared<VexLFrame>(); });
   registry.registerFactory("VexLPane", [] { return std::make_shared<VexLPane>(); });
   registry.registerFactory("VexHTML", [] { return std::make_shared<VexHTML>(); });
