@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <corvane/containers/frame_box_settings.h>
+#include <corvane/containers/frame_settings.h>
 #include <corvane/containers/vex_frame.h>
 #include <corvane/containers/vex_frame_box.h>
 #include <corvane/frame/global.h>
@@ -121,6 +123,29 @@ std::vector<Scene> frameScenes() {
          FormRef f = makeSceneForm("GalleryFrameBoxScrolled", 4200, 4200, 8);
          auto box = buildBox(*f, 3900, 1500);
          box->XPScroll().setValue(std::min<int16_t>(box->XPScroll().Max(), 2000));
+         return f;
+       }},
+      {"frames_page_frame", "the designer's page of a frame, read from an expandable, expanded frame",
+       [] {
+         FormRef f = makeSceneForm("GalleryFramePage", 5850, 3465, 8);
+         auto frame = std::dynamic_pointer_cast<VexFrame>(f->add("VexFrame", "fraSelected", nullptr, 0, 0));
+         frame->setExpandierbar(true);
+         user().ShowWindow(frame->hWnd(), SW_HIDE);  // the page covers the form
+         FrameSettings page;
+         page.setSelectedControls({frame->extenderRef()});
+         page.draw(f->surface());
+         return f;
+       }},
+      {"frames_page_box", "the designer's page of a frame box, with the scroll buttons and the grey hints",
+       [] {
+         FormRef f = makeSceneForm("GalleryFrameBoxPage", 5925, 3495, 8);
+         auto box =
+             std::dynamic_pointer_cast<VexFrameBox>(f->add("VexFrameBox", "fbxSelected", nullptr, 0, 0));
+         user().ShowWindow(box->hWnd(), SW_HIDE);
+         FrameBoxSettings page;
+         page.setSelectedControls({box->extenderRef()});
+         page.click("cmdScroll", 0);  // one step down, as a developer scrolls the stack in the designer
+         page.draw(f->surface());
          return f;
        }},
   };

@@ -35,6 +35,7 @@
 #include <corvane/host/form_file.h>
 #include <corvane/host/hosted_control.h>
 #include <corvane/host/picture_box.h>
+#include <corvane/host/property_page.h>
 #include <corvane/host/scroll_bar.h>
 #include <corvane/host/property_bag.h>
 #include <corvane/host/screen.h>
@@ -53,6 +54,8 @@
 #include <corvane/containers/vex_frame.h>
 #include <corvane/containers/vex_frame_box.h>
 #include <corvane/containers/vex_frame_button.h>
+#include <corvane/containers/frame_settings.h>
+#include <corvane/containers/frame_box_settings.h>
 #include <corvane/containers/vex_l_frame.h>
 #include <corvane/containers/vex_l_pane.h>
 #include <corvane/containers/vex_pane.h>

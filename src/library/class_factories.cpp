@@ -6,6 +6,8 @@
 #include <corvane/containers/vex_frame.h>
 #include <corvane/containers/vex_frame_box.h>
 #include <corvane/containers/vex_frame_button.h>
+#include <corvane/containers/frame_settings.h>
+#include <corvane/containers/frame_box_settings.h>
 #include <corvane/containers/vex_l_frame.h>
 #include <corvane/containers/vex_l_pane.h>
 #include <corvane/containers/vex_pane.h>
@@ -35,6 +37,8 @@ void registerLibraryClasses(ClassRegistry& registry) {
   registry.registerFactory("VexFrame", [] { return std::make_shared<VexFrame>(); });
   registry.registerFactory("VexFrameBox", [] { return std::make_shared<VexFrameBox>(); });
   registry.registerFactory("VexFrameButton", [] { return std::make_shared<VexFrameButton>(); });
+  registry.registerFactory("FrameSettings", [] { return std::make_shared<FrameSettings>(); });
+  registry.registerFactory("FrameBoxSettings", [] { return std::make_shared<FrameBoxSettings>(); });
   registry.registerFactory("VexLFrame", [] { return std::make_shared<VexLFrame>(); });
   registry.registerFactory("VexLPane", [] { return std::make_shared<VexLPane>(); });
   registry.registerFactory("VexHTML", [] { return std::make_shared<VexHTML>(); });
