@@ -4,6 +4,7 @@
 #include <corvane/host/extender.h>
 #include <corvane/host/form_file.h>
 #include <corvane/host/property_bag.h>
+#include <corvane/host/std_picture.h>
 #include <corvane/widgets/vex_color_label.h>
 #include <gtest/gtest.h>
 
@@ -13,6 +14,7 @@
 #include <vector>
 
 #include "support/desktop_fixture.h"
+#include "support/hover_fixture.h"
 
 namespace corvane {
 namespace {
@@ -355,6 +357,41 @@ TEST_F(FrameBoxTest, FormWithABoxOfFramesHoldingLabelsSurvivesSaveAndLoad) {
     for (int x = kLeft; x < kLeft + 240; x += 3)
       if (after.pixel(x, y) != pixels[k++]) ++differing;
   EXPECT_EQ(differing, 0u);
+}
+
+TEST_F(FrameBoxTest, TheBarNeverKeepsTheFocus) {
+  addFrame(nullptr, 6000);
+  ASSERT_TRUE(box->XPScroll().Visible());
+  desktop().click(kLeft + 240 - 8, kTop + 300 - 5);
+  EXPECT_NE(platform().user().GetFocus(), box->XPScroll().surface().hWnd());
+  EXPECT_NE(platform().user().GetFocus(), 0);
+}
+
+TEST_F(FrameBoxTest, ShowScrollsBackToTheTop) {
+  addFrame(nullptr, 6000);
+  box->XPScroll().setValue(900);
+  EXPECT_EQ(top(0), -900);
+  box->Show();
+  EXPECT_EQ(box->ScrollValue(), 0);
+  EXPECT_EQ(top(0), 0);
+}
+
+TEST_F(FrameBoxTest, BackgroundImageIsShownOrTiled) {
+  PictureRef tile = test::squareBitmap(10, RECT{0, 0, 5, 5}, 0x0000FF, 0xFF0000);
+  box->setBackgroundImage(tile);
+  EXPECT_EQ(box->surface().Picture(), tile) << "style 1: the surface's picture";
+  box->setBackgroundImageStyle(VexFrameBox::vxTiled);
+  // Tiles of 150 twips (10 pixels) from (1, 1) twips on: a red square at the top left of each.
+  Canvas* c = desktop().windows().windowCanvas(box->hWnd());
+  EXPECT_EQ(c->pixel(22, 22), 0x0000FFu);
+  EXPECT_EQ(c->pixel(27, 27), 0xFF0000u);
+  box->setBackgroundImage(LoadPicture());
+  EXPECT_FALSE(box->surface().Picture() && box->surface().Picture()->Handle());
+}
+
+TEST_F(FrameBoxTest, BackgroundImageStyleAboveAByteIsAnOverflow) {
+  EXPECT_THROW(box->setBackgroundImageStyle(300), RuntimeError);
+  EXPECT_EQ(box->BackgroundImageStyle(), 1);
 }
 
 }  // namespace

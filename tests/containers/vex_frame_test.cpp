@@ -3,6 +3,7 @@
 #include <corvane/platform/api.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -314,6 +315,24 @@ TEST_F(FrameInteractionTest, MembersAreReachableByName) {
   frame->let("CaptionStyle", Variant(static_cast<int16_t>(3)));
   EXPECT_EQ(frame->CaptionStyle(), VexFrame::pbSolid);
   EXPECT_EQ(frame->get("Expandiert").toBool(), true);
+}
+
+TEST_F(FrameInteractionTest, ResizeIsRaisedBeforeTheFrameRepaints) {
+  log.clear();
+  frame->surface().setHeight(2000);
+  ASSERT_FALSE(log.empty());
+  EXPECT_EQ(log.front(), "Resize");
+  EXPECT_EQ(frame->HeightExpanded(), 2000 / 15 * 15);
+}
+
+TEST_F(FrameInteractionTest, CaptionOverIsRaisedAtEachMoveOverTheCaption) {
+  makeExpandable();
+  moveTo(40, 5);
+  moveTo(60, 6);
+  moveTo(80, 7);
+  EXPECT_EQ(std::count(log.begin(), log.end(), "CaptionOver"), 3);
+  moveTo(80, 50);
+  EXPECT_EQ(std::count(log.begin(), log.end(), "CaptionOver"), 3);
 }
 
 }  // namespace
