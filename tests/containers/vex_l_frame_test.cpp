@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include <corvane/host/form_file.h>
-#include <corvane/host/property_bag.h>
-#include <corvane/runtime/class_registry.h>
 #include <gtest/gtest.h>
 
+#include <corvane/host/form_file.h>
+#include <corvane/host/property_bag.h>
 #include "pane_fixture.h"
+#include <corvane/runtime/class_registry.h>
 
 namespace corvane {
 namespace {
@@ -19,8 +19,7 @@ constexpr COLORREF kBack = 0xF0E0D0;
 class LFrameTest : public ContainerTest {
  protected:
   std::shared_ptr<VexLFrame> addFrame(const std::string& name, PropertyBag* bag = nullptr, float top = 300) {
-    return std::dynamic_pointer_cast<VexLFrame>(
-        form->add("VexLFrame", name, nullptr, 300, top, 3000, 1500, bag));
+    return std::dynamic_pointer_cast<VexLFrame>(form->add("VexLFrame", name, nullptr, 300, top, 3000, 1500, bag));
   }
   // True when the outline of the 200 by 100 box at pixel (20, 20 + dy) is all c and the inside is inside.
   ::testing::AssertionResult boxIs(COLORREF c, COLORREF inside, int32_t dy = 0) {
@@ -125,9 +124,8 @@ TEST_F(LFrameTest, SettersReportAndRedraw) {
   f->setBorderColorDisabled(kOff);
   f->setEnabled(false);
   f->setEnabled(false);
-  EXPECT_EQ(
-      f->controlSite().changedKeys,
-      (std::vector<std::string>{"BorderColor", "BackColor", "BorderColorDisabled", "Enabled", "Enabled"}));
+  EXPECT_EQ(f->controlSite().changedKeys,
+            (std::vector<std::string>{"BorderColor", "BackColor", "BorderColorDisabled", "Enabled", "Enabled"}));
 }
 
 TEST_F(LFrameTest, BorderColourChangeWhileDisabledKeepsTheDisabledLook) {
@@ -155,8 +153,7 @@ TEST_F(LFrameTest, OutlineIsOneLineBoxThroughTheSurface) {
   colour(*f);
   auto lines = linesDrawn(f->hdc(), [&] { f->DrawBorder(); });
   // The outline from (0, 0) to (ScaleWidth - 1, ScaleHeight - 1) in pixels, round the box.
-  EXPECT_EQ(lines, (std::vector<std::vector<int>>{
-                       {0, 0, 199, 0}, {199, 0, 199, 99}, {199, 99, 0, 99}, {0, 99, 0, 0}}));
+  EXPECT_EQ(lines, (std::vector<std::vector<int>>{{0, 0, 199, 0}, {199, 0, 199, 99}, {199, 99, 0, 99}, {0, 99, 0, 0}}));
 }
 
 TEST_F(LFrameTest, PersistenceKeysAndDefaults) {
@@ -168,8 +165,7 @@ TEST_F(LFrameTest, PersistenceKeysAndDefaults) {
   EXPECT_TRUE(f->Enabled());
   PropertyBag bag;
   f->WriteProperties(bag);
-  EXPECT_EQ(bag.writeOrder(),
-            (std::vector<std::string>{"BackColor", "BorderColor", "BorderColorDisabled", "Enabled"}));
+  EXPECT_EQ(bag.writeOrder(), (std::vector<std::string>{"BackColor", "BorderColor", "BorderColorDisabled", "Enabled"}));
   EXPECT_TRUE(bag.entries().empty()) << "all values are their defaults";
   EXPECT_EQ(empty.readOrder(), bag.writeOrder());
 }
@@ -187,8 +183,7 @@ TEST_F(LFrameTest, RoundTripThroughAFormFile) {
   auto f = addFrame("Frame1");
   colour(*f);
   f->setEnabled(false);
-  form->surface().setBackColor(
-      static_cast<OLE_COLOR>(0x8000000F));  // the form's own colour is not under test
+  form->surface().setBackColor(static_cast<OLE_COLOR>(0x8000000F));  // the form's own colour is not under test
   std::string text = FormFile::save(*form);
   form->Unload();
   FormRef again = FormFile::load(text);

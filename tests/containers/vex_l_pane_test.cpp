@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include <corvane/host/form_file.h>
-#include <corvane/host/property_bag.h>
-#include <corvane/runtime/class_registry.h>
 #include <gtest/gtest.h>
 
+#include <corvane/host/form_file.h>
+#include <corvane/host/property_bag.h>
 #include "pane_fixture.h"
+#include <corvane/runtime/class_registry.h>
 
 namespace corvane {
 namespace {
@@ -16,16 +16,15 @@ class LPaneTest : public ContainerTest {
  protected:
   void SetUp() override {
     ContainerTest::SetUp();
-    lpane =
-        std::dynamic_pointer_cast<VexLPane>(form->add("VexLPane", "LPane1", nullptr, 300, 300, 3000, 1500));
+    lpane = std::dynamic_pointer_cast<VexLPane>(form->add("VexLPane", "LPane1", nullptr, 300, 300, 3000, 1500));
     ASSERT_TRUE(lpane);
   }
   void TearDown() override {
     lpane.reset();
     ContainerTest::TearDown();
   }
-  HostedControlRef addPicture(const std::string& name, HostedControl* container, float left, float top,
-                              float width, float height) {
+  HostedControlRef addPicture(const std::string& name, HostedControl* container, float left, float top, float width,
+                              float height) {
     return form->add("PictureBox", name, container, left, top, width, height);
   }
   // A control's window rectangle relative to its parent, in pixels.
@@ -107,10 +106,8 @@ TEST_F(LPaneTest, DetachControlGivesControlZeroToThePanesContainer) {
 }
 
 TEST_F(LPaneTest, DetachControlInsideAnotherContainer) {
-  auto outer =
-      std::dynamic_pointer_cast<VexLPane>(form->add("VexLPane", "Outer", nullptr, 300, 3000, 4500, 1500));
-  auto inner =
-      std::dynamic_pointer_cast<VexLPane>(form->add("VexLPane", "Inner", outer.get(), 0, 0, 3000, 900));
+  auto outer = std::dynamic_pointer_cast<VexLPane>(form->add("VexLPane", "Outer", nullptr, 300, 3000, 4500, 1500));
+  auto inner = std::dynamic_pointer_cast<VexLPane>(form->add("VexLPane", "Inner", outer.get(), 0, 0, 3000, 900));
   auto pic = addPicture("Pic1", inner.get(), 0, 0, 600, 450);
   inner->DetachControl();
   EXPECT_EQ(pic->controlSite().container, outer.get()) << "the pane's own container, not the form";
@@ -172,8 +169,7 @@ TEST_F(LPaneTest, EnabledIsPersistedWithDefaultTrue) {
   lpane->WriteProperties(bag);
   ASSERT_TRUE(bag.contains("Enabled"));
   EXPECT_FALSE(bag.ReadProperty("Enabled").toBool());
-  auto copy =
-      std::dynamic_pointer_cast<VexLPane>(form->add("VexLPane", "LPane2", nullptr, 0, 3000, 1500, 900, &bag));
+  auto copy = std::dynamic_pointer_cast<VexLPane>(form->add("VexLPane", "LPane2", nullptr, 0, 3000, 1500, 900, &bag));
   EXPECT_FALSE(copy->Enabled());
   EXPECT_FALSE(copy->surface().Enabled()) << "at run time the surface follows";
   PropertyBag empty;
@@ -222,8 +218,7 @@ TEST_F(LPaneTest, BackColorIsAlwaysStored) {
 
 TEST_F(LPaneTest, EmptyBagGivesBlack) {
   PropertyBag empty;
-  auto p = std::dynamic_pointer_cast<VexLPane>(
-      form->add("VexLPane", "LPane2", nullptr, 300, 3000, 1500, 900, &empty));
+  auto p = std::dynamic_pointer_cast<VexLPane>(form->add("VexLPane", "LPane2", nullptr, 300, 3000, 1500, 900, &empty));
   EXPECT_EQ(p->BackColor(), 0) << "an absent key reads as empty, which is colour 0";
   EXPECT_EQ(screenPixel(kOffset + 5, 200 + 5), 0);
 }
@@ -236,8 +231,7 @@ TEST_F(LPaneTest, RoundTripWithAChildThroughAFormFile) {
   lpane->setBackColor(0x445566);
   auto pic = addPicture("Pic1", nullptr, 4000, 2000, 600, 450);
   lpane->AttachControl(pic->extenderRef());
-  form->surface().setBackColor(
-      static_cast<OLE_COLOR>(0x8000000F));  // the form's own colour is not under test
+  form->surface().setBackColor(static_cast<OLE_COLOR>(0x8000000F));  // the form's own colour is not under test
   std::string text = FormFile::save(*form);
   form->Unload();
   FormRef again = FormFile::load(text);

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include <corvane/frame/gradient.h>
-#include <corvane/host/picture_box.h>
-#include <corvane/host/screen.h>
 #include <gtest/gtest.h>
 
 #include <sstream>
 
+#include <corvane/frame/gradient.h>
+#include <corvane/host/picture_box.h>
+#include <corvane/host/screen.h>
 #include "pane_fixture.h"
 
 namespace corvane {
@@ -44,8 +44,7 @@ class PaneDrawTest : public ContainerTest {
         COLORREF got = screen.pixel(kOffset + x, kOffset + y);
         if (got != e.at(x, y)) {
           if (++mismatches <= 8)
-            out << " (" << x << "," << y << "): got " << std::hex << got << " want " << e.at(x, y)
-                << std::dec;
+            out << " (" << x << "," << y << "): got " << std::hex << got << " want " << e.at(x, y) << std::dec;
         }
       }
     if (mismatches == 0) return ::testing::AssertionSuccess();
@@ -165,15 +164,13 @@ TEST_F(PaneDrawTest, FrameDrawsEightLinesAndInsetFour) {
                                                   {1, 1, 1, 98}}));
   pane->setBorderStyle(VexPane::btInset);
   auto inset = linesDrawn(pane->hdc(), [&] { pane->DrawPane(); });
-  EXPECT_EQ(inset, (std::vector<std::vector<int>>{
-                       {0, 0, 199, 0}, {199, 0, 199, 99}, {0, 99, 200, 99}, {0, 0, 0, 99}}));
+  EXPECT_EQ(inset, (std::vector<std::vector<int>>{{0, 0, 199, 0}, {199, 0, 199, 99}, {0, 99, 200, 99}, {0, 0, 0, 99}}));
 }
 
 TEST_F(PaneDrawTest, LineCountsOfEveryStyle) {
   const std::vector<std::pair<VexPane::BorderType, size_t>> expected = {
-      {VexPane::btNone, 0},      {VexPane::btFlat, 4},     {VexPane::btFrame, 8},
-      {VexPane::btInset, 4},     {VexPane::btRaised, 4},   {VexPane::btCrossSingle, 4},
-      {VexPane::btCrossFull, 8}, {VexPane::btHeadLines, 2}};
+      {VexPane::btNone, 0},   {VexPane::btFlat, 4},        {VexPane::btFrame, 8},     {VexPane::btInset, 4},
+      {VexPane::btRaised, 4}, {VexPane::btCrossSingle, 4}, {VexPane::btCrossFull, 8}, {VexPane::btHeadLines, 2}};
   for (auto [style, count] : expected) {
     pane->setBorderStyle(style);
     EXPECT_EQ(linesDrawn(pane->hdc(), [&] { pane->DrawPane(); }).size(), count) << "style " << style;
@@ -399,13 +396,13 @@ TEST_F(PaneMixedTwipsTest, CrossFullUsesTheFactorsAsWritten) {
   p->setBorderStyle(VexPane::btCrossFull);
   auto lines = linesDrawn(p->hdc(), [&] { p->DrawPane(); });
   EXPECT_EQ(lines, (std::vector<std::vector<int>>{
-                       {0, 10, 50, 10},         // top + 10 * ty = 124
-                       {4, 16, 54, 16},         // top + 190 = 194
-                       {10, 3, 10, 50},         // top + 3 * ty = 40 to hh
-                       {13, 16, 13, 46},        // 13 * tx = 195 down to hh - 4 * ty = 548
-                       {147, 83, 196, 86},      // bottom - 13 * tx = 997 to bottom - 13 * ty = 1036: slanted
-                       {150, 87, 200, 87},      // bottom - 10 * tx = 1042
-                       {189, 51, 189, 96},      // hh + tx = 611 to bottom - 3 * tx = 1147
+                       {0, 10, 50, 10},       // top + 10 * ty = 124
+                       {4, 16, 54, 16},       // top + 190 = 194
+                       {10, 3, 10, 50},       // top + 3 * ty = 40 to hh
+                       {13, 16, 13, 46},      // 13 * tx = 195 down to hh - 4 * ty = 548
+                       {147, 83, 196, 86},    // bottom - 13 * tx = 997 to bottom - 13 * ty = 1036: slanted
+                       {150, 87, 200, 87},    // bottom - 10 * tx = 1042
+                       {189, 51, 189, 96},    // hh + tx = 611 to bottom - 3 * tx = 1147
                        {186, 56, 186, 100}}));  // hh + 5 * tx = 671 to bottom + ty = 1204
 }
 

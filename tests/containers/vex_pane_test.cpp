@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
 #include <corvane/host/form_file.h>
 #include <corvane/host/property_bag.h>
 #include <corvane/host/std_picture.h>
-#include <corvane/runtime/class_registry.h>
-#include <gtest/gtest.h>
-
 #include "pane_fixture.h"
 #include "runtime/expect_error.h"
+#include <corvane/runtime/class_registry.h>
 
 namespace corvane {
 namespace {
@@ -29,9 +29,9 @@ class PaneTest : public ContainerTest {
   std::shared_ptr<VexPane> pane;
 };
 
-const std::vector<std::string> kPaneKeys = {
-    "BackColor",    "BackColor2", "Gradient",    "GradientAngle", "BorderStyle", "CrossColor1", "CrossColor2",
-    "MousePointer", "MouseIcon",  "ScaleHeight", "ScaleLeft",     "ScaleTop",    "ScaleWidth",  "Enabled"};
+const std::vector<std::string> kPaneKeys = {"BackColor",    "BackColor2",  "Gradient",    "GradientAngle", "BorderStyle",
+                                            "CrossColor1",  "CrossColor2", "MousePointer", "MouseIcon",    "ScaleHeight",
+                                            "ScaleLeft",    "ScaleTop",    "ScaleWidth",   "Enabled"};
 
 // ---- design form and defaults ----
 
@@ -115,8 +115,8 @@ TEST_F(PaneTest, EverySetterReportsItsKeyEvenForAnUnchangedValue) {
   pane->setScaleWidth(100);
   EXPECT_EQ(pane->controlSite().changedKeys,
             (std::vector<std::string>{"BackColor", "BackColor2", "Gradient", "GradientAngle", "BorderStyle",
-                                      "CrossColor1", "CrossColor2", "MousePointer", "MouseIcon",
-                                      "ScaleHeight", "ScaleLeft", "ScaleTop", "ScaleWidth"}));
+                                      "CrossColor1", "CrossColor2", "MousePointer", "MouseIcon", "ScaleHeight",
+                                      "ScaleLeft", "ScaleTop", "ScaleWidth"}));
   EXPECT_TRUE(form->dirty());
 }
 
@@ -382,8 +382,7 @@ TEST_F(PaneTest, RoundTripThroughAFormFile) {
   pane->setGradient(true);
   pane->setGradientAngle(130.5f);
   pane->setCrossColor2(0x0080FF);
-  form->surface().setBackColor(
-      static_cast<OLE_COLOR>(0x8000000F));  // the form's own colour is not under test
+  form->surface().setBackColor(static_cast<OLE_COLOR>(0x8000000F));  // the form's own colour is not under test
   std::string text = FormFile::save(*form);
   form->Unload();
   FormRef again = FormFile::load(text);
