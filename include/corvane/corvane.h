@@ -33,6 +33,8 @@
 #include <corvane/host/extender.h>
 #include <corvane/host/form.h>
 #include <corvane/host/form_file.h>
+#include <corvane/host/label.h>
+#include <corvane/host/text_box.h>
 #include <corvane/host/hosted_control.h>
 #include <corvane/host/picture_box.h>
 #include <corvane/host/property_page.h>
@@ -77,6 +79,9 @@
 
 #include <corvane/widgets/vex_color_label.h>
 #include <corvane/widgets/vex_hover_pic.h>
+#include <corvane/widgets/vex_info_panel.h>
+#include <corvane/widgets/vex_info_panel_light.h>
+#include <corvane/widgets/vex_splitter.h>
 
 #include <corvane/app/application.h>
 #include <corvane/app/headless_display.h>

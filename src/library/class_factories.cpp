@@ -23,12 +23,18 @@
 #include <corvane/system/reg_settings.h>
 #include <corvane/widgets/vex_color_label.h>
 #include <corvane/widgets/vex_hover_pic.h>
+#include <corvane/widgets/vex_info_panel.h>
+#include <corvane/widgets/vex_info_panel_light.h>
+#include <corvane/widgets/vex_splitter.h>
 
 namespace corvane {
 
 void registerLibraryClasses(ClassRegistry& registry) {
   registry.registerFactory("VexColorLabel", [] { return std::make_shared<VexColorLabel>(); });
   registry.registerFactory("VexHoverPic", [] { return std::make_shared<VexHoverPic>(); });
+  registry.registerFactory("VexInfoPanel", [] { return std::make_shared<VexInfoPanel>(); });
+  registry.registerFactory("VexInfoPanelLight", [] { return std::make_shared<VexInfoPanelLight>(); });
+  registry.registerFactory("VexSplitter", [] { return std::make_shared<VexSplitter>(); });
   registry.registerFactory("CGradient", [] { return std::make_shared<CGradient>(); });
   registry.registerFactory("clsTilePicture", [] { return std::make_shared<clsTilePicture>(); });
   registry.registerFactory("clsSubClass", [] { return std::make_shared<clsSubClass>(); });
@@ -58,6 +64,7 @@ void registerLibraryClasses(ClassRegistry& registry) {
   registry.registerEnum("PictureTypeConstants", {{"vbPicTypeNone", StdPicture::vbPicTypeNone},
                                                  {"vbPicTypeBitmap", StdPicture::vbPicTypeBitmap},
                                                  {"vbPicTypeIcon", StdPicture::vbPicTypeIcon}});
+  registry.registerEnum("enSplitterDir", {{"sdVertical", sdVertical}, {"sdHorizontal", sdHorizontal}});
 }
 
 }  // namespace corvane
