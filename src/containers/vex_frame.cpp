@@ -550,7 +550,8 @@ void VexFrame::InitProperties() {
   guarded([&] { m_CollapseIcon = LoadPicture(); });
   guarded([&] { m_CaptionIcon = LoadPicture(); });
   guarded([&] { m_BackgroundImage = LoadPicture(); });
-  guarded([&] { m_CaptionFont = ambient().Font(); });
+  // A copy of the container's font: the hover underlines the caption font, never the form's.
+  guarded([&] { m_CaptionFont = ambient().Font()->clone(); });
   // A new frame blends with its container, although the stored default is 0.
   guarded([&] { m_BorderRoundColor = containerMember("BackColor").toLong(); });
 }
@@ -573,8 +574,9 @@ void VexFrame::ReadProperties(PropertyBag& bag) {
   guarded([&] { m_CaptionBorder = static_cast<pbBorderStyle>(rd("CaptionBorder", int16_t(0)).toInteger()); });
   guarded([&] { m_CaptionHeight = rd("CaptionHeight", int16_t(4)).toInteger(); });
   guarded([&] {
-    FontRef f = rd("CaptionFont", ambient().Font()).as<FontRef>();
-    if (f) m_CaptionFont = f;
+    FontRef ambientFont = ambient().Font();
+    FontRef f = rd("CaptionFont", ambientFont).as<FontRef>();
+    if (f) m_CaptionFont = f == ambientFont ? f->clone() : f;
   });
   guarded([&] { m_CaptionFontColor = rd("CaptionFontColor", 0).toLong(); });
   guarded([&] { m_CaptionFontHoverColor = rd("CaptionFontHoverColor", 0x404040).toLong(); });
@@ -621,7 +623,12 @@ void VexFrame::WriteProperties(PropertyBag& bag) {
   wr("BorderStyle", static_cast<int16_t>(m_BorderStyle), int16_t(0));
   wr("CaptionBorder", static_cast<int16_t>(m_CaptionBorder), int16_t(0));
   wr("CaptionHeight", m_CaptionHeight, int16_t(4));
-  guarded([&] { wr("CaptionFont", m_CaptionFont, ambient().Font()); });
+  guarded([&] {
+    // The copy of the container's font counts as the default while it describes the same font.
+    FontRef ambientFont = ambient().Font();
+    bool same = m_CaptionFont && ambientFont && m_CaptionFont->desc() == ambientFont->desc();
+    wr("CaptionFont", m_CaptionFont, same ? Variant(m_CaptionFont) : Variant(ambientFont));
+  });
   wr("CaptionFontColor", m_CaptionFontColor, 0);
   wr("CaptionFontHoverColor", m_CaptionFontHoverColor, 0x404040);
   wr("CaptionHoverMode", static_cast<int16_t>(m_CaptionHoverMode), int16_t(1));

@@ -171,6 +171,17 @@ TEST_F(FrameInteractionTest, UnderlineModesUnderlineWhileHovering) {
   EXPECT_FALSE(frame->CaptionFont()->Underline());
 }
 
+TEST_F(FrameInteractionTest, HoverUnderlinesTheCaptionFontButNotTheForms) {
+  makeExpandable();
+  frame->setCaptionHoverMode(VexFrame::OnlyUnderline);
+  EXPECT_NE(frame->CaptionFont(), form->Font()) << "a copy";
+  EXPECT_FALSE(form->Font()->Underline());
+  moveTo(100, 8);
+  EXPECT_TRUE(frame->CaptionFont()->Underline());
+  EXPECT_FALSE(form->Font()->Underline());
+  EXPECT_EQ(frame->CaptionFont()->Name(), form->Font()->Name());
+}
+
 TEST_F(FrameInteractionTest, DeactivateModeShowsTheHandButNoOtherChange) {
   makeExpandable();
   frame->setCaptionFontColor(0x0000FF);
