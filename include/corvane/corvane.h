@@ -37,6 +37,7 @@
 #include <corvane/host/text_box.h>
 #include <corvane/host/hosted_control.h>
 #include <corvane/host/picture_box.h>
+#include <corvane/host/property_page.h>
 #include <corvane/host/scroll_bar.h>
 #include <corvane/host/property_bag.h>
 #include <corvane/host/screen.h>
@@ -52,6 +53,11 @@
 #include <corvane/frame/subclass.h>
 #include <corvane/frame/tile_picture.h>
 
+#include <corvane/containers/vex_frame.h>
+#include <corvane/containers/vex_frame_box.h>
+#include <corvane/containers/vex_frame_button.h>
+#include <corvane/containers/frame_settings.h>
+#include <corvane/containers/frame_box_settings.h>
 #include <corvane/containers/vex_l_frame.h>
 #include <corvane/containers/vex_l_pane.h>
 #include <corvane/containers/vex_pane.h>

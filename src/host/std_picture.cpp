@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <corvane/host/std_picture.h>
 
+#include <corvane/runtime/strings.h>
+
 #include <fstream>
 #include <iterator>
 
@@ -79,7 +81,7 @@ PictureRef LoadPicture(const std::string& path) {
 
 PictureRef LoadResPicture(const std::string& name, int32_t) {
   for (const EmbeddedResource& r : embeddedResources())
-    if (name == r.name) {
+    if (LCase(name) == LCase(r.name)) {  // resource names match regardless of case
       auto p = StdPicture::fromBytes(std::vector<unsigned char>(r.data, r.data + r.size));
       if (p) return p;
     }

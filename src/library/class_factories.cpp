@@ -3,6 +3,11 @@
 // a class of the table without a factory here is reported as not available in this build.
 #include <memory>
 
+#include <corvane/containers/vex_frame.h>
+#include <corvane/containers/vex_frame_box.h>
+#include <corvane/containers/vex_frame_button.h>
+#include <corvane/containers/frame_settings.h>
+#include <corvane/containers/frame_box_settings.h>
 #include <corvane/containers/vex_l_frame.h>
 #include <corvane/containers/vex_l_pane.h>
 #include <corvane/containers/vex_pane.h>
@@ -43,6 +48,11 @@ void registerLibraryClasses(ClassRegistry& registry) {
   registry.registerFactory("clsSubClass", [] { return std::make_shared<clsSubClass>(); });
   registry.registerFactory("ISubclass", [] { return std::make_shared<ISubclass>(); });
   registry.registerFactory("VexPane", [] { return std::make_shared<VexPane>(); });
+  registry.registerFactory("VexFrame", [] { return std::make_shared<VexFrame>(); });
+  registry.registerFactory("VexFrameBox", [] { return std::make_shared<VexFrameBox>(); });
+  registry.registerFactory("VexFrameButton", [] { return std::make_shared<VexFrameButton>(); });
+  registry.registerFactory("FrameSettings", [] { return std::make_shared<FrameSettings>(); });
+  registry.registerFactory("FrameBoxSettings", [] { return std::make_shared<FrameBoxSettings>(); });
   registry.registerFactory("VexLFrame", [] { return std::make_shared<VexLFrame>(); });
   registry.registerFactory("VexLPane", [] { return std::make_shared<VexLPane>(); });
   registry.registerFactory("VexHTML", [] { return std::make_shared<VexHTML>(); });
