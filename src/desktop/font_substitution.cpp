@@ -83,6 +83,10 @@ char32_t FontSubstitution::mapSymbol(Symbols symbols, char32_t c) {
         return U'\u2022';  // small bullet
       case 'n':
         return U'\u25CF';  // round bullet
+      case 't':
+        return U'\u25B4';  // small arrows up and down, as on the steps of a spin button
+      case 'u':
+        return U'\u25BE';
       case 'y':
         return U'\u25AA';  // small square
       default:

@@ -43,6 +43,12 @@ float member(const ObjectRef& o, const char* name) {
   if (!o) throw RuntimeError(err::ObjectNotSet);
   return o->get(name).toSingle();
 }
+
+// A neighbour that was never set is error 91, as any call on an empty object variable is.
+Object& neighbour(const ObjectRef& o) {
+  if (!o) throw RuntimeError(err::ObjectNotSet);
+  return *o;
+}
 }  // namespace
 
 DesignForm VexSplitter::designForm() const {
@@ -182,7 +188,7 @@ void VexSplitter::ArrangeNeighbours() {
   drawIdle();
   // Positions in twips as read from the objects, windows moved in pixels of the container.
   if (m_Direction == sdHorizontal) {
-    guarded([&] { m_LeftOrTop->let("Height", extenderObject().Top() - member(m_LeftOrTop, "Top")); });
+    guarded([&] { neighbour(m_LeftOrTop).let("Height", extenderObject().Top() - member(m_LeftOrTop, "Top")); });
     guarded([&] {
       const ObjectRef& lower = m_RightOrBottom;
       float barTop = extenderObject().Top(), barHeight = extenderObject().Height();
@@ -193,7 +199,7 @@ void VexSplitter::ArrangeNeighbours() {
       user().MoveWindow(lower->get("hWnd").toLong(), x, y, w, h, true);
     });
   } else {
-    guarded([&] { m_LeftOrTop->let("Width", extenderObject().Left() - member(m_LeftOrTop, "Left")); });
+    guarded([&] { neighbour(m_LeftOrTop).let("Width", extenderObject().Left() - member(m_LeftOrTop, "Left")); });
     guarded([&] {
       const ObjectRef& right = m_RightOrBottom;
       float barLeft = extenderObject().Left(), barWidth = extenderObject().Width();

@@ -106,6 +106,8 @@ TEST(TextFonts, SymbolFacesShowUnicodeSymbols) {
   auto dejavu = cache.font(desc("DejaVu Sans", 10), 96);
   EXPECT_EQ(marlett->width("r"), dejavu->width("\u2715"));
   EXPECT_EQ(marlett->width("6"), dejavu->width("\u25BC"));
+  EXPECT_EQ(marlett->width("t"), dejavu->width("\u25B4"));  // the steps of a spin button
+  EXPECT_EQ(marlett->width("u"), dejavu->width("\u25BE"));
   auto wingdings = cache.font(desc("Wingdings", 10), 96);
   EXPECT_EQ(wingdings->width("\u00FC"), dejavu->width("\u2713"));
   EXPECT_EQ(wingdings->width("J"), dejavu->width("\u263A"));
