@@ -179,6 +179,18 @@ TEST_F(FrameBoxTest, ExpandingRestoresTheStoredHeightAndBringsTheFrameIntoView) 
   EXPECT_EQ(top(2), 3510);
 }
 
+TEST_F(FrameBoxTest, BringingIntoViewBeyond16BitsIsAnOverflowAndLeavesTheBar) {
+  addFrame();
+  auto tall = addFrame();
+  // 1755 + 70000 - 4500 + 0 + 80 = 67335 does not fit a 16-bit value: that statement fails
+  // (and so does the new Max), and the bar keeps its position instead of taking a wrapped one.
+  tall->extenderObject().setHeight(70000);
+  box->CtrlRefresh(tall->hWnd());
+  ASSERT_TRUE(box->ScrollVisible());
+  EXPECT_EQ(box->XPScroll().Value(), 0);
+  EXPECT_EQ(top(0), 0);
+}
+
 TEST_F(FrameBoxTest, ScrollBarClicksMoveTheStack) {
   addFrame(nullptr, 3000);
   addFrame(nullptr, 3000);
