@@ -326,6 +326,15 @@ TEST_F(FrameBoxTest, PropertiesSurviveABagInTheirOrder) {
   std::dynamic_pointer_cast<VexFrameBox>(form->add("VexFrameBox", "Box3", nullptr, 0, 0, 3600, 4500))
       ->WriteProperties(fresh);
   EXPECT_TRUE(fresh.entries().empty());
+  // A box loaded from an empty bag agrees with the new one.
+  PropertyBag empty, fromEmpty;
+  auto loaded = std::dynamic_pointer_cast<VexFrameBox>(
+      form->add("VexFrameBox", "Box4", nullptr, 0, 0, 3600, 4500, &empty));
+  loaded->WriteProperties(fromEmpty);
+  EXPECT_TRUE(fromEmpty.entries().empty());
+  EXPECT_TRUE(loaded->AutoFrameAlign());
+  EXPECT_EQ(loaded->FrameDistance(), 255);
+  EXPECT_EQ(loaded->BackgroundImageStyle(), 1);
 }
 
 TEST_F(FrameBoxTest, FormWithABoxOfFramesHoldingLabelsSurvivesSaveAndLoad) {
