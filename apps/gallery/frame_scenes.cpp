@@ -93,8 +93,10 @@ std::shared_ptr<VexFrameBox> buildBox(Form& f, float boxHeight, float frameHeigh
   return box;
 }
 
-// The desktop's mouse over the caption of a frame.
+// The desktop's mouse over the caption of a frame. A control of an earlier scene may still hold
+// the mouse capture, which would take the move; it lets go first.
 void hoverCaption(const VexFrame& frame) {
+  user().ReleaseCapture();
   POINTAPI p{60, 8};
   user().ClientToScreen(frame.hWnd(), p);
   if (Desktop* d = desktop()) d->mouseMove(p.x, p.y);

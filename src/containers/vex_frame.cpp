@@ -357,12 +357,17 @@ void VexFrame::drawControl() {
   // 3. The caption's background.
   switch (m_CaptionStyle) {
     case pbHozLines: {
-      int32_t i = 0;
-      for (i = 0; i <= m_CaptionHeight + 1; ++i) {
+      // The limits are 16-bit sums: a CaptionHeight of 32767 makes them fail, and no stripe is drawn.
+      int32_t last = -1, after = -1;
+      guarded([&] { last = add16(m_CaptionHeight, 1); });
+      guarded([&] { after = add16(m_CaptionHeight, 2); });
+      // Stripes that start below the surface would not show; they are not drawn.
+      for (int32_t i = 0; i <= last && i * 3 < h; ++i) {
         GradientRect(m_TopLeftAColor, m_TopRightAColor, RECT{0, i * 3, w, i * 3 + 3}, w, 1);
         GradientRect(m_TopLeftBColor, m_TopRightBColor, RECT{0, i * 3 + 2, w, i * 3 + 3}, w, 1);
       }
-      GradientRect(m_TopLeftAColor, m_TopRightAColor, RECT{0, i * 3, w, i * 3 + 2}, w, 1);
+      if (after >= 0 && after * 3 < h)
+        GradientRect(m_TopLeftAColor, m_TopRightAColor, RECT{0, after * 3, w, after * 3 + 2}, w, 1);
       break;
     }
     case pbHozSolid:

@@ -163,7 +163,7 @@ void VexFrameBox::CtrlRefresh(int32_t lhwnd) {
     std::shared_ptr<Extender> changed = items().at(found);
     int32_t target =
         CLng(changed->Top() + changed->Height() - surface().ScaleHeight() + bar().Value() + kBottomMargin);
-    if (orderItem(0)->Top() > -target) bar().setValue(static_cast<int16_t>(target));
+    if (orderItem(0)->Top() > -target) bar().setValue(CInt(target));  // beyond 16 bits: overflow
   });
 }
 

@@ -73,13 +73,16 @@ int32_t VexFrameButton::FindButton() {
 }
 
 void VexFrameButton::onResize() {
+  if (m_button == -1) m_button = FindButton();
+  // Without a button (index -1) this statement fails alone; the square is placed all the same.
   guarded([&] {
-    if (m_button == -1) m_button = FindButton();
-    if (m_button == -1) return;
-    std::shared_ptr<Extender> button = newestFirst(*this).at(m_button);
-    guarded([&] { button->setLeft(surface().Width() - button->Width() - button->Top()); });
-    guarded([&] { m_fra->extenderRef()->setLeft(surface().Width() - m_fra->extenderRef()->Width()); });
+    std::vector<std::shared_ptr<Extender>> list = newestFirst(*this);
+    if (m_button < 0 || m_button >= static_cast<int32_t>(list.size()))
+      throw RuntimeError(err::SubscriptOutOfRange);
+    std::shared_ptr<Extender> button = list[m_button];
+    button->setLeft(surface().Width() - button->Width() - button->Top());
   });
+  guarded([&] { m_fra->extenderRef()->setLeft(surface().Width() - m_fra->extenderRef()->Width()); });
 }
 
 void VexFrameButton::enableContained(bool value) {

@@ -179,6 +179,18 @@ TEST_F(FrameBoxTest, ExpandingRestoresTheStoredHeightAndBringsTheFrameIntoView) 
   EXPECT_EQ(top(2), 3510);
 }
 
+TEST_F(FrameBoxTest, BringingIntoViewBeyond16BitsIsAnOverflowAndLeavesTheBar) {
+  addFrame();
+  auto tall = addFrame();
+  // 1755 + 70000 - 4500 + 0 + 80 = 67335 does not fit a 16-bit value: that statement fails
+  // (and so does the new Max), and the bar keeps its position instead of taking a wrapped one.
+  tall->extenderObject().setHeight(70000);
+  box->CtrlRefresh(tall->hWnd());
+  ASSERT_TRUE(box->ScrollVisible());
+  EXPECT_EQ(box->XPScroll().Value(), 0);
+  EXPECT_EQ(top(0), 0);
+}
+
 TEST_F(FrameBoxTest, ScrollBarClicksMoveTheStack) {
   addFrame(nullptr, 3000);
   addFrame(nullptr, 3000);
@@ -314,6 +326,15 @@ TEST_F(FrameBoxTest, PropertiesSurviveABagInTheirOrder) {
   std::dynamic_pointer_cast<VexFrameBox>(form->add("VexFrameBox", "Box3", nullptr, 0, 0, 3600, 4500))
       ->WriteProperties(fresh);
   EXPECT_TRUE(fresh.entries().empty());
+  // A box loaded from an empty bag agrees with the new one.
+  PropertyBag empty, fromEmpty;
+  auto loaded = std::dynamic_pointer_cast<VexFrameBox>(
+      form->add("VexFrameBox", "Box4", nullptr, 0, 0, 3600, 4500, &empty));
+  loaded->WriteProperties(fromEmpty);
+  EXPECT_TRUE(fromEmpty.entries().empty());
+  EXPECT_TRUE(loaded->AutoFrameAlign());
+  EXPECT_EQ(loaded->FrameDistance(), 255);
+  EXPECT_EQ(loaded->BackgroundImageStyle(), 1);
 }
 
 TEST_F(FrameBoxTest, FormWithABoxOfFramesHoldingLabelsSurvivesSaveAndLoad) {

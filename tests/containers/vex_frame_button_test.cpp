@@ -97,6 +97,16 @@ TEST_F(FrameButtonTest, WithoutAButtonItKeepsLooking) {
   EXPECT_EQ(fb->buttonIndex(), 0);
 }
 
+TEST_F(FrameButtonTest, WithoutAButtonTheSquareStillGoesToTheRightEnd) {
+  // The button's own statement fails without a button; the square's placement still runs.
+  form->add("PictureBox", "picNoButton", fb.get(), 0, 0, 300, 200);
+  fb->onResize();
+  ASSERT_EQ(fb->buttonIndex(), -1);
+  Extender& fra = *fb->fra().extenderRef();
+  EXPECT_GT(fb->surface().Width(), fra.Width());
+  EXPECT_EQ(fra.Left(), fb->surface().Width() - fra.Width());
+}
+
 TEST_F(FrameButtonTest, WithTwoButtonsOnlyOneIsLaidOutButBothAreEnabledOrNot) {
   auto first = addButton("cmdA", 90);
   auto second = addButton("cmdB", 200);

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <corvane/host/property_bag.h>
 #include <corvane/platform/api.h>
 #include <gtest/gtest.h>
 
@@ -51,6 +52,30 @@ TEST_F(FrameDrawTest, HozLinesStopShortOfATallCaptionAndPassASmallOne) {
   EXPECT_EQ(frame->captionPixels(), 8);
   EXPECT_EQ(px(100, 10), kRed);
   EXPECT_EQ(px(100, 11), kWhite);
+}
+
+TEST_F(FrameDrawTest, HozLinesOfAVeryTallCaptionFillTheSurfaceWithoutDrawingBelowIt) {
+  flatRamps(kRed, kBlue);
+  frame->setCaptionHeight(8190);  // 32764 pixels of caption on a frame of 109
+  EXPECT_EQ(px(100, 105), kRed);
+  EXPECT_EQ(px(100, 107), kBlue);
+  EXPECT_EQ(px(100, 108), kRed);
+  // A band per pixel of width for each stripe that starts inside the surface: 37 rows of
+  // stripes, two ramps each, at most one band per column and one more.
+  std::vector<std::string> calls = drawLog();
+  EXPECT_LE(countPrefix(calls, "FillRect"), 37 * 2 * (kWidth + 2) + 100);
+}
+
+TEST_F(FrameDrawTest, HozLinesLimitBeyond16BitsIsAnOverflowAndDrawsNoStripes) {
+  PropertyBag bag;
+  bag.set("CaptionHeight", static_cast<int16_t>(32767));
+  bag.set("TopLeftAColor", static_cast<int32_t>(kRed));
+  bag.set("TopRightAColor", static_cast<int32_t>(kRed));
+  auto f = addFrame("Frame2", &bag);
+  EXPECT_EQ(f->CaptionHeight(), 32767);
+  EXPECT_EQ(f->captionPixels(), 20) << "the caption's pixels overflow and keep their value";
+  COLORREF top = desktop().windows().windowCanvas(f->hWnd())->pixel(100, 0);
+  EXPECT_EQ(top, kWhite) << "CaptionHeight + 1 overflows: no stripe";
 }
 
 TEST_F(FrameDrawTest, HozSolidRampRunsFromTopToBottomInBandsWorkedInward) {

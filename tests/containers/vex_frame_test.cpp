@@ -320,6 +320,47 @@ TEST_F(FrameInteractionTest, AutoColorRoundBorderReadsTheContainerAgain) {
   EXPECT_EQ(frame->BorderRoundColor(), 0x00FF00u);
 }
 
+TEST_F(FrameInteractionTest, LetEnabledKeepsTheSurfaceEnabledInTheDesignerOnly) {
+  form->setUserMode(false);
+  frame->setEnabled(false);
+  EXPECT_FALSE(frame->Enabled());
+  EXPECT_TRUE(frame->surface().Enabled()) << "selectable in the designer";
+  form->setUserMode(true);
+  frame->setEnabled(false);
+  EXPECT_FALSE(frame->surface().Enabled());
+}
+
+TEST_F(FrameInteractionTest, ReadingAssignsTheSurfacesEnabledWithoutAskingTheMode) {
+  form->setUserMode(false);
+  PropertyBag bag;
+  bag.set("Enabled", false);
+  auto loaded = addFrame("Frame2", &bag);
+  EXPECT_FALSE(loaded->Enabled());
+  EXPECT_FALSE(loaded->surface().Enabled());
+}
+
+// A container without BackColor: the guarded reads of it fail silently.
+class PlainHost : public HostedControl {
+ public:
+  std::string typeName() const override { return "PlainHost"; }
+};
+
+TEST_F(FrameInteractionTest, ContainerWithoutBackColorLeavesTheFrameUsable) {
+  auto host = std::make_shared<PlainHost>();
+  form->add(host, "PlainHost", "Host1", nullptr, 0, 0, 4000, 3000);
+  auto inner =
+      std::dynamic_pointer_cast<VexFrame>(form->add("VexFrame", "Inner", host.get(), 0, 0, 2775, 1635));
+  ASSERT_TRUE(inner);
+  EXPECT_EQ(inner->BorderRoundColor(), 0u) << "nothing was read";
+  EXPECT_NO_THROW(inner->setAutoColorRoundBorder(true));
+  EXPECT_EQ(inner->BorderRoundColor(), 0u);
+  EXPECT_TRUE(inner->AutoColorRoundBorder());
+  inner->setCaption("Noch da");
+  EXPECT_EQ(inner->Caption(), "Noch da");
+  EXPECT_NO_THROW(inner->setExpandiert(false)) << "a container that is no frame box is not told";
+  EXPECT_EQ(inner->surface().pixelHeight(), 20);
+}
+
 TEST_F(FrameInteractionTest, MembersAreReachableByName) {
   frame->let("Caption", Variant(std::string("Name")));
   EXPECT_EQ(frame->Caption(), "Name");
