@@ -158,6 +158,10 @@ class CORVANE_API UserApi {
   virtual bool TrackMouseEvent(TRACKMOUSEEVENT& request) = 0;
   virtual int32_t GetSystemMetrics(int32_t index) = 0;
 
+  // The clipboard's text (clear and set in one call).
+  virtual bool setClipboardText(const std::string& text) = 0;
+  virtual std::string clipboardText() = 0;
+
   // Timers and the message loop.
   virtual int32_t SetTimer(HWND hWnd, int32_t id, int32_t milliseconds) = 0;
   virtual bool KillTimer(HWND hWnd, int32_t id) = 0;

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#include "live/live_desktop.h"
+
+#include <X11/Xlib.h>
+#include <X11/Xresource.h>
+#include <corvane/runtime/runtime_error.h>
+
+#include <cmath>
+
+#include "live/live_window_manager.h"
+
+namespace corvane {
+
+namespace {
+
+// The display's scale from its resources (Xft.dpi), as twips per pixel; 0 when it gives none.
+int32_t twipsPerPixelOf(Display* display) {
+  const char* resources = XResourceManagerString(display);
+  if (!resources) return 0;
+  XrmInitialize();
+  XrmDatabase db = XrmGetStringDatabase(resources);
+  if (!db) return 0;
+  char* type = nullptr;
+  XrmValue value{};
+  int32_t twips = 0;
+  if (XrmGetResource(db, "Xft.dpi", "Xft.Dpi", &type, &value) && value.addr) {
+    double dpi = std::atof(value.addr);
+    if (dpi >= 24 && dpi <= 1440) twips = static_cast<int32_t>(std::lround(1440 / dpi));
+  }
+  XrmDestroyDatabase(db);
+  return twips;
+}
+
+}  // namespace
+
+std::unique_ptr<Desktop> openLiveDesktop(Desktop::Options options) {
+  Display* display = XOpenDisplay(nullptr);
+  if (!display)
+    throw RuntimeError(
+        err::InvalidProcedureCall,
+        "No display to open for the live application: DISPLAY is not set or refuses the connection",
+        "corvane");
+  options.width = DisplayWidth(display, DefaultScreen(display));
+  options.height = DisplayHeight(display, DefaultScreen(display));
+  options.virtualClock = false;
+  if (int32_t twips = twipsPerPixelOf(display)) options.twipsPerPixelX = options.twipsPerPixelY = twips;
+  options.makeWindows = [display](Clock& clock, int32_t, int32_t) {
+    return std::make_unique<LiveWindowManager>(clock, display);
+  };
+  return std::make_unique<Desktop>(options);
+}
+
+}  // namespace corvane
