@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: MIT
 // The live display under a real X server (the suite runs under xvfb-run): the program's forms are
 // checked from outside, by a second X client and by the X tools.
+// clang-format off
+// GoogleTest before the X headers, whose macros (None, Bool) would break it.
+#include <gtest/gtest.h>
 #include <X11/Xatom.h>
 #include <X11/extensions/shape.h>
+// clang-format on
 #include <corvane/app/application.h>
 #include <corvane/app/headless_display.h>
 #include <corvane/containers/vex_pane.h>
@@ -11,7 +15,6 @@
 #include <corvane/platform/api.h>
 #include <corvane/widgets/vex_color_label.h>
 #include <corvane/widgets/vex_hover_pic.h>
-#include <gtest/gtest.h>
 #include <sys/resource.h>
 
 #include <chrono>
