@@ -67,6 +67,7 @@ LiveWindowManager::LiveWindowManager(Clock& clock, Display* display)
 }
 
 LiveWindowManager::~LiveWindowManager() {
+  if (m_confine) XDestroyWindow(m_display, m_confine);
   for (auto& [h, m] : m_mirrors) XDestroyWindow(m_display, m.xid);
   m_clipboardX.reset();
   XCloseDisplay(m_display);
@@ -279,7 +280,11 @@ int32_t LiveWindowManager::pumpNative() {
 void LiveWindowManager::handle(XEvent& e) {
   if (m_clipboardX->handle(e)) return;
   HWND h = windowOf(e.xany.window);
-  if (!h) return;
+  // While the cursor is clipped, moves and clicks outside this program's windows come to the
+  // clip's window; they count as input at their place on the screen.
+  bool clipped = m_confine && e.xany.window == m_confine;
+  if (!h && !(clipped && (e.type == MotionNotify || e.type == ButtonPress || e.type == ButtonRelease)))
+    return;
   struct StateScope {
     std::optional<unsigned>& slot;
     ~StateScope() { slot.reset(); }
@@ -336,7 +341,7 @@ void LiveWindowManager::handle(XEvent& e) {
       if (!button) break;
       if (e.type == ButtonPress) {
         // A click brings the window to the front of the desktop's order too.
-        WindowManager::SetWindowPos(h, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+        if (h) WindowManager::SetWindowPos(h, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
         mouseDown(button);
       } else {
         mouseUp(button);
@@ -383,23 +388,51 @@ void LiveWindowManager::handle(XEvent& e) {
   }
 }
 
+void LiveWindowManager::grabPointer() {
+  constexpr unsigned kMask =
+      ButtonPressMask | ButtonReleaseMask | PointerMotionMask | EnterWindowMask | LeaveWindowMask;
+  HWND top = topLevelOf(GetCapture());
+  bool captured = top && m_mirrors.count(top) && m_mirrors[top].mapped;
+  XUngrabPointer(m_display, CurrentTime);
+  // The mouse stays with the capturing window after it leaves it; a clip holds it in its rectangle.
+  if (captured)
+    XGrabPointer(m_display, m_mirrors[top].xid, False, kMask, GrabModeAsync, GrabModeAsync,
+                 m_confine ? m_confine : None, None, CurrentTime);
+  else if (m_confine)
+    XGrabPointer(m_display, m_confine, True, kMask, GrabModeAsync, GrabModeAsync, m_confine, None,
+                 CurrentTime);
+  XFlush(m_display);
+}
+
 HWND LiveWindowManager::SetCapture(HWND hWnd) {
   HWND old = WindowManager::SetCapture(hWnd);
-  HWND top = topLevelOf(hWnd);
-  if (top && m_mirrors.count(top) && m_mirrors[top].mapped) {
-    // The mouse stays with the window after it leaves it.
-    XGrabPointer(m_display, m_mirrors[top].xid, False,
-                 ButtonPressMask | ButtonReleaseMask | PointerMotionMask | EnterWindowMask | LeaveWindowMask,
-                 GrabModeAsync, GrabModeAsync, None, None, CurrentTime);
-    XFlush(m_display);
-  }
+  grabPointer();
   return old;
 }
 
 bool LiveWindowManager::ReleaseCapture() {
-  XUngrabPointer(m_display, CurrentTime);
-  XFlush(m_display);
-  return WindowManager::ReleaseCapture();
+  bool done = WindowManager::ReleaseCapture();
+  grabPointer();
+  return done;
+}
+
+bool LiveWindowManager::ClipCursor(const RECT* rect) {
+  if (rect && (rect->Right <= rect->Left || rect->Bottom <= rect->Top)) rect = nullptr;  // nothing to hold to
+  if (m_confine) XDestroyWindow(m_display, m_confine);
+  m_confine = 0;
+  m_clip.reset();
+  if (rect) {
+    m_clip = *rect;
+    XSetWindowAttributes a{};
+    a.override_redirect = True;
+    m_confine =
+        XCreateWindow(m_display, m_root, rect->Left, rect->Top, rect->Right - rect->Left,
+                      rect->Bottom - rect->Top, 0, 0, InputOnly, CopyFromParent, CWOverrideRedirect, &a);
+    XMapWindow(m_display, m_confine);
+    XLowerWindow(m_display, m_confine);  // under every window: it holds the pointer, it takes no clicks
+  }
+  grabPointer();
+  return WindowManager::ClipCursor(rect);
 }
 
 bool LiveWindowManager::GetCursorPos(POINTAPI& point) {
@@ -416,22 +449,6 @@ bool LiveWindowManager::SetCursorPos(int32_t x, int32_t y) {
   XWarpPointer(m_display, None, m_root, 0, 0, 0, 0, x, y);
   XFlush(m_display);
   return WindowManager::SetCursorPos(x, y);
-}
-
-bool LiveWindowManager::ClipCursor(const RECT* rect) {
-  if (rect)
-    m_clip = *rect;
-  else
-    m_clip.reset();
-  if (m_clip) {
-    POINTAPI p;
-    GetCursorPos(p);
-    int32_t x = std::clamp(p.x, m_clip->Left, m_clip->Right - 1),
-            y = std::clamp(p.y, m_clip->Top, m_clip->Bottom - 1);
-    if (x != p.x || y != p.y) XWarpPointer(m_display, None, m_root, 0, 0, 0, 0, x, y);
-    XFlush(m_display);
-  }
-  return WindowManager::ClipCursor(rect);
 }
 
 int16_t LiveWindowManager::GetAsyncKeyState(int32_t key) {

@@ -60,6 +60,8 @@ class LiveWindowManager : public WindowManager {
   void applyShape(const DesktopWindow& w, Mirror& m);
   void present(HWND hWnd, Mirror& m);
   void restack();
+  // Grabs the pointer as capture and clip ask: for the capturing window, confined to the clip.
+  void grabPointer();
 
   Display* m_display;
   Window m_root;
@@ -67,6 +69,7 @@ class LiveWindowManager : public WindowManager {
   std::map<HWND, Mirror> m_mirrors;
   std::vector<HWND> m_stacked;  // the order last given to the display, bottom to top
   std::optional<RECT> m_clip;
+  Window m_confine = 0;                  // an input-only window under all others that covers the clip
   std::optional<unsigned> m_eventState;  // the modifier keys of the input event being handled
   uint64_t m_lastDrawCount = ~0ull;
   bool m_pumping = false;
