@@ -31,6 +31,10 @@ int32_t twipsPerPixelOf(Display* display) {
   return twips;
 }
 
+// A request on a window that another program or the server already dropped is no reason to end
+// the program, as Xlib's own handler would: the error is left out.
+int ignoreProtocolError(Display*, XErrorEvent*) { return 0; }
+
 }  // namespace
 
 std::unique_ptr<Desktop> openLiveDesktop(Desktop::Options options) {
@@ -40,6 +44,7 @@ std::unique_ptr<Desktop> openLiveDesktop(Desktop::Options options) {
         err::InvalidProcedureCall,
         "No display to open for the live application: DISPLAY is not set or refuses the connection",
         "corvane");
+  XSetErrorHandler(ignoreProtocolError);
   options.width = DisplayWidth(display, DefaultScreen(display));
   options.height = DisplayHeight(display, DefaultScreen(display));
   options.virtualClock = false;

@@ -33,6 +33,9 @@ bool sameRegion(const std::optional<std::vector<RECT>>& a, const std::optional<s
   });
 }
 
+// X keeps positions in 16 bits: a window far off the screen stays at the edge of that range.
+int32_t coordinate(int32_t v) { return std::clamp(v, -32768 + kMaxWindowSide, 32767 - kMaxWindowSide); }
+
 bool sameRect(const RECT& a, const RECT& b) {
   return a.Left == b.Left && a.Top == b.Top && a.Right == b.Right && a.Bottom == b.Bottom;
 }
@@ -99,8 +102,9 @@ void LiveWindowManager::create(HWND hWnd, const DesktopWindow& w, Mirror& m) {
   a.event_mask = ExposureMask | ButtonPressMask | ButtonReleaseMask | PointerMotionMask | EnterWindowMask |
                  LeaveWindowMask | KeyPressMask | KeyReleaseMask | FocusChangeMask | StructureNotifyMask;
   int32_t width = std::max(1, w.rect.Right - w.rect.Left), height = std::max(1, w.rect.Bottom - w.rect.Top);
-  m.xid = XCreateWindow(m_display, m_root, w.rect.Left, w.rect.Top, width, height, 0, CopyFromParent,
-                        InputOutput, CopyFromParent, CWBackPixmap | CWBitGravity | CWEventMask, &a);
+  m.xid = XCreateWindow(m_display, m_root, coordinate(w.rect.Left), coordinate(w.rect.Top), width, height, 0,
+                        CopyFromParent, InputOutput, CopyFromParent,
+                        CWBackPixmap | CWBitGravity | CWEventMask, &a);
   m.rect = w.rect;
   XSetWMProtocols(m_display, m.xid, &m_deleteWindow, 1);
   XClassHint cls{const_cast<char*>("corvane"), const_cast<char*>("Corvane")};
@@ -246,8 +250,8 @@ void LiveWindowManager::syncWindows() {
     applyShape(w, m);
     if (!sameRect(w.rect, m.rect)) {
       m.rect = w.rect;
-      XMoveResizeWindow(m_display, m.xid, w.rect.Left, w.rect.Top, std::max(1, w.rect.Right - w.rect.Left),
-                        std::max(1, w.rect.Bottom - w.rect.Top));
+      XMoveResizeWindow(m_display, m.xid, coordinate(w.rect.Left), coordinate(w.rect.Top),
+                        std::max(1, w.rect.Right - w.rect.Left), std::max(1, w.rect.Bottom - w.rect.Top));
       m.stale = true;
     }
     if (w.visible && !m.mapped) {
@@ -305,6 +309,11 @@ void LiveWindowManager::handle(XEvent& e) {
   switch (e.type) {
     case Expose:
       m_mirrors[h].stale = true;
+      break;
+    case DestroyNotify:
+      // Another program destroyed the window: the next round makes a new one.
+      m_mirrors.erase(h);
+      m_stacked.clear();
       break;
     case ConfigureNotify: {
       // The window manager may have placed or moved the window: the desktop follows.

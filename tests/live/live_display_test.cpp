@@ -123,6 +123,31 @@ TEST_F(LiveDisplayTest, TwoFormsAreTwoTopLevelWindowsWithTheirTitlesAtTheirPlace
   EXPECT_EQ(std::count(shown.begin(), shown.end(), nativeOf(*b)), 0);
 }
 
+// Another program destroying a form's window, or a form far off the screen, does not end the
+// program: the form gets a new window, and the far one stays at the edge of the server's range.
+TEST_F(LiveDisplayTest, WindowsLostToAnotherClientOrFarOffTheScreenAreNoFailure) {
+  Application app(liveOptions());
+  FormRef a = shownForm("Lost", "Verloren", 100, 100, 200, 100);
+  FormRef b = shownForm("Far", "Fern", 300, 300, 200, 100);
+  settle(app);
+  Window first = nativeOf(*a);
+  XDestroyWindow(probe.display(), first);
+  XSync(probe.display(), False);
+  a->Move(120 * 15.0f, 110 * 15.0f);
+  b->Move(100000 * 15.0f, 200 * 15.0f);
+  settle(app);
+  ASSERT_NE(nativeOf(*a), 0u);
+  EXPECT_NE(nativeOf(*a), first);
+  auto shown = probe.viewableTopLevels();
+  EXPECT_EQ(std::count(shown.begin(), shown.end(), nativeOf(*a)), 1);
+  std::string tree = runCommand("xwininfo -root -children");
+  EXPECT_NE(tree.find("\"Verloren\""), std::string::npos) << tree;
+  EXPECT_NE(tree.find("+120+110"), std::string::npos) << tree;
+  XWindowAttributes far;
+  ASSERT_TRUE(XGetWindowAttributes(probe.display(), nativeOf(*b), &far));
+  EXPECT_EQ(far.x, 32767 - kMaxWindowSide);
+}
+
 TEST_F(LiveDisplayTest, WindowPixelsEqualTheHeadlessRendering) {
   std::vector<uint32_t> live;
   int32_t width = 0, height = 0;
@@ -235,7 +260,8 @@ TEST_F(LiveDisplayTest, DoubleClickAndWheelReachTheSubclassedWindowProcedure) {
   std::vector<std::pair<int32_t, WPARAM>> seen;
   WNDPROC old = user().GetWindowLongA(h, GWL_WNDPROC);
   WNDPROC hook = user().RegisterWindowProc([&](HWND w, int32_t msg, WPARAM wp, LPARAM lp) -> LRESULT {
-    if (msg == wm::LBUTTONDOWN || msg == wm::LBUTTONDBLCLK || msg == wm::MOUSEWHEEL) seen.emplace_back(msg, wp);
+    if (msg == wm::LBUTTONDOWN || msg == wm::LBUTTONDBLCLK || msg == wm::MOUSEWHEEL)
+      seen.emplace_back(msg, wp);
     return user().CallWindowProcA(old, w, msg, wp, lp);
   });
   user().SetWindowLongA(h, GWL_WNDPROC, hook);
