@@ -4,7 +4,8 @@
 # that check its windows from outside) need, only when one is missing; with --fuzz also
 # Debian's Clang and its libFuzzer, for the fuzz targets.
 set -euo pipefail
-packages=(build-essential cmake pkg-config libcairo2-dev libpango1.0-dev libsdl2-dev libx11-dev libxext-dev libxrandr-dev
+packages=(build-essential cmake pkg-config libcairo2-dev libpango1.0-dev libsdl2-dev libx11-dev libxext-dev libxrandr-dev libxcursor-dev
+          libxfixes-dev
           nlohmann-json3-dev
           libsqlite3-dev libgtest-dev libgmock-dev libbenchmark-dev libssl-dev fonts-dejavu-core fonts-liberation2
           xvfb xauth x11-utils xdotool)

@@ -819,6 +819,14 @@ bool WindowManager::composeTopLevel(HWND hWnd, Canvas& out) {
   return true;
 }
 
+bool WindowManager::setWindowCursor(HWND hWnd, int32_t pointer, HGDIOBJ image) {
+  DesktopWindow* w = find(hWnd);
+  if (!w) return false;
+  w->cursor = pointer;
+  w->cursorImage = image;
+  return true;
+}
+
 bool WindowManager::setClipboardText(const std::string& text) {
   m_clipboard = text;
   return true;

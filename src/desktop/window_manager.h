@@ -37,6 +37,8 @@ struct DesktopWindow {
   uint8_t alpha = 255;                      // used while the layered style is set
   bool needsPaint = false;
   int32_t processId = 0;
+  int32_t cursor = 0;        // the mouse-pointer value shown over the window
+  HGDIOBJ cursorImage = 0;  // the image of pointer 99
 };
 
 // The window side of the desktop: windows with z-order, messages through window procedures,
@@ -146,6 +148,8 @@ class WindowManager : public UserApi, public WindowImages {
   // Composes one top-level window with its children into an image of the window's size, at full
   // opacity and without its region: a live display applies those to the real window.
   bool composeTopLevel(HWND hWnd, Canvas& out);
+
+  bool setWindowCursor(HWND hWnd, int32_t pointer, HGDIOBJ image) override;
 
   // Clipboard text: in process here, the display's clipboard on a live display.
   bool setClipboardText(const std::string& text) override;

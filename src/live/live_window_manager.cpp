@@ -47,7 +47,8 @@ LiveWindowManager::LiveWindowManager(Clock& clock, Display* display)
                     DisplayHeight(display, DefaultScreen(display))),
       m_display(display),
       m_root(DefaultRootWindow(display)),
-      m_clipboardX(std::make_unique<XClipboard>(display)) {
+      m_clipboardX(std::make_unique<XClipboard>(display)),
+      m_cursors(std::make_unique<XCursors>(display)) {
   auto atom = [&](const char* name) { return XInternAtom(m_display, name, False); };
   m_deleteWindow = atom("WM_DELETE_WINDOW");
   m_protocols = atom("WM_PROTOCOLS");
@@ -73,6 +74,7 @@ LiveWindowManager::~LiveWindowManager() {
   if (m_confine) XDestroyWindow(m_display, m_confine);
   for (auto& [h, m] : m_mirrors) XDestroyWindow(m_display, m.xid);
   m_clipboardX.reset();
+  m_cursors.reset();
   XCloseDisplay(m_display);
 }
 
@@ -265,7 +267,24 @@ void LiveWindowManager::syncWindows() {
     if (drawn || m.stale) present(h, m);
   }
   restack();
+  updateCursor();
   XFlush(m_display);
+}
+
+void LiveWindowManager::updateCursor() {
+  POINTAPI at;
+  WindowManager::GetCursorPos(at);
+  HWND over = GetCapture() ? GetCapture() : WindowFromPoint(at.x, at.y);
+  const DesktopWindow* w = window(over);
+  auto it = m_mirrors.find(topLevelOf(over));
+  if (!w || it == m_mirrors.end() || !it->second.xid) return;
+  Cursor c = m_cursors->cursorFor(w->cursor, w->cursorImage);
+  if (c == it->second.cursor) return;
+  it->second.cursor = c;
+  if (c == None)
+    XUndefineCursor(m_display, it->second.xid);
+  else
+    XDefineCursor(m_display, it->second.xid, c);
 }
 
 // ---- input and events ----

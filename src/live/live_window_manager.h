@@ -10,6 +10,7 @@
 
 #include "desktop/window_manager.h"
 #include "live/x_clipboard.h"
+#include "live/x_cursors.h"
 
 namespace corvane {
 
@@ -48,6 +49,7 @@ class LiveWindowManager : public WindowManager {
     int32_t alpha = -1;
     std::optional<std::vector<RECT>> region;
     bool stale = true;  // the pixels need presenting
+    Cursor cursor = None;
   };
 
   int32_t pumpNative();
@@ -60,12 +62,15 @@ class LiveWindowManager : public WindowManager {
   void applyShape(const DesktopWindow& w, Mirror& m);
   void present(HWND hWnd, Mirror& m);
   void restack();
+  // Shows the cursor of the window under the mouse on its real window.
+  void updateCursor();
   // Grabs the pointer as capture and clip ask: for the capturing window, confined to the clip.
   void grabPointer();
 
   Display* m_display;
   Window m_root;
   std::unique_ptr<XClipboard> m_clipboardX;
+  std::unique_ptr<XCursors> m_cursors;
   std::map<HWND, Mirror> m_mirrors;
   std::vector<HWND> m_stacked;  // the order last given to the display, bottom to top
   std::optional<RECT> m_clip;

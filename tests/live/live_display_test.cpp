@@ -5,6 +5,7 @@
 // GoogleTest before the X headers, whose macros (None, Bool) would break it.
 #include <gtest/gtest.h>
 #include <X11/Xatom.h>
+#include <X11/extensions/Xfixes.h>
 #include <X11/extensions/Xrandr.h>
 #include <X11/extensions/shape.h>
 // clang-format on
@@ -280,6 +281,44 @@ TEST_F(LiveDisplayTest, DoubleClickAndWheelReachTheSubclassedWindowProcedure) {
   EXPECT_EQ(static_cast<int16_t>(seen[2].second >> 16), -120);  // towards the user
   EXPECT_EQ(seen[3].first, wm::MOUSEWHEEL);
   EXPECT_EQ(static_cast<int16_t>(seen[3].second >> 16), 120);
+}
+
+// The size and serial of the cursor the server shows now.
+std::pair<int, unsigned long> shownCursor(Display* d) {
+  XFixesCursorImage* c = XFixesGetCursorImage(d);
+  if (!c) return {0, 0};
+  std::pair<int, unsigned long> out{c->width * 1000 + c->height, c->cursor_serial};
+  XFree(c);
+  return out;
+}
+
+TEST_F(LiveDisplayTest, TheMousePointerIsTheRealCursorOverTheWindow) {
+  if (!haveProgram("xdotool")) GTEST_SKIP() << "xdotool is missing";
+  Application app(liveOptions());
+  FormRef f = shownForm("CursorForm", "Zeiger", 200, 200, 200, 150);
+  PictureRef icon = Global::LoadIconPicture("hover_demo");
+  SIZE size = gdi().GetImageSize(icon->Handle());
+  ASSERT_GT(size.cx, 0);
+  xdotool("mousemove 20 20");  // over the root: its cursor
+  settle(app);
+  auto root = shownCursor(probe.display());
+  xdotool("mousemove 300 260");
+  settle(app);
+  EXPECT_EQ(shownCursor(probe.display()).second, root.second) << "pointer 0 keeps the default";
+  f->surface().setMouseIcon(icon);
+  f->surface().setMousePointer(99);
+  settle(app);
+  auto custom = shownCursor(probe.display());
+  EXPECT_NE(custom.second, root.second);
+  EXPECT_EQ(custom.first, std::min<int>(size.cx, 64) * 1000 + std::min<int>(size.cy, 64)) << "the image's size";
+  f->surface().setMousePointer(2);
+  settle(app);
+  auto cross = shownCursor(probe.display());
+  EXPECT_NE(cross.second, custom.second);
+  EXPECT_NE(cross.second, root.second);
+  f->surface().setMousePointer(0);
+  settle(app);
+  EXPECT_EQ(shownCursor(probe.display()).second, root.second);
 }
 
 TEST_F(LiveDisplayTest, ClipCursorKeepsTheRealPointerInItsRectangle) {
