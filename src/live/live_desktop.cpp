@@ -5,7 +5,10 @@
 #include <X11/Xresource.h>
 #include <corvane/runtime/runtime_error.h>
 
+#include <chrono>
 #include <cmath>
+#include <cstdlib>
+#include <thread>
 
 #include "live/live_window_manager.h"
 
@@ -39,6 +42,11 @@ int ignoreProtocolError(Display*, XErrorEvent*) { return 0; }
 
 std::unique_ptr<Desktop> openLiveDesktop(Desktop::Options options) {
   Display* display = XOpenDisplay(nullptr);
+  // A busy server may turn a connection away for a moment: a few more tries, a second at most.
+  for (int i = 0; !display && std::getenv("DISPLAY") && i < 10; ++i) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    display = XOpenDisplay(nullptr);
+  }
   if (!display)
     throw RuntimeError(
         err::InvalidProcedureCall,

@@ -8,10 +8,17 @@
 
 #include <chrono>
 #include <cstdio>
+#include <thread>
 
 namespace corvane::live_test {
 
-XProbe::XProbe() : m_display(XOpenDisplay(nullptr)) {}
+// A busy server may turn a connection away for a moment: the probe tries again for a while.
+XProbe::XProbe() : m_display(XOpenDisplay(nullptr)) {
+  for (int i = 0; !m_display && i < 40; ++i) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    m_display = XOpenDisplay(nullptr);
+  }
+}
 XProbe::~XProbe() {
   if (m_display) XCloseDisplay(m_display);
 }
