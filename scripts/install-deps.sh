@@ -1,10 +1,14 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Installs the Debian packages the build needs, only when one is missing; with --fuzz also
+# Installs the Debian packages the build and the live tests (an X server in memory, the tools
+# that check its windows from outside) need, only when one is missing; with --fuzz also
 # Debian's Clang and its libFuzzer, for the fuzz targets.
 set -euo pipefail
-packages=(build-essential cmake pkg-config libcairo2-dev libpango1.0-dev libsdl2-dev libx11-dev nlohmann-json3-dev
-          libsqlite3-dev libgtest-dev libgmock-dev libbenchmark-dev libssl-dev fonts-dejavu-core fonts-liberation2)
+packages=(build-essential cmake pkg-config libcairo2-dev libpango1.0-dev libsdl2-dev libx11-dev libxext-dev libxrandr-dev libxcursor-dev
+          libxfixes-dev
+          nlohmann-json3-dev
+          libsqlite3-dev libgtest-dev libgmock-dev libbenchmark-dev libssl-dev fonts-dejavu-core fonts-liberation2
+          xvfb xauth x11-utils xdotool)
 fuzz_packages=(clang-14 libclang-rt-14-dev)
 for a in "$@"; do [ "$a" = "--fuzz" ] && packages+=("${fuzz_packages[@]}"); done
 missing=()

@@ -6,6 +6,7 @@
 #include <corvane/runtime/runtime_error.h>
 
 #include "desktop/desktop.h"
+#include "live/live_desktop.h"
 
 namespace corvane {
 
@@ -32,8 +33,12 @@ Application::Application(const Options& options) : m_state(std::make_unique<Stat
   d.height = options.screenHeight;
   d.virtualClock = options.virtualClock;
   d.twipsPerPixelX = d.twipsPerPixelY = options.twipsPerPixel;
-  m_state->desktop = std::make_unique<Desktop>(d);
-  m_state->headless.reset(new HeadlessDisplay(*m_state->desktop));
+  if (options.display == DisplayKind::Live) {
+    m_state->desktop = openLiveDesktop(d);
+  } else {
+    m_state->desktop = std::make_unique<Desktop>(d);
+    m_state->headless.reset(new HeadlessDisplay(*m_state->desktop));
+  }
   m_state->previousPlatform = currentPlatform();
   setPlatform(m_state->desktop.get());
   g_current = this;
@@ -77,7 +82,7 @@ int Application::run() {
     int32_t delivered = processEvents();
     if (m_state->quitAsked || Forms::all().empty()) break;
     // Headless, nothing comes from outside: with no message and no timer the loop is done.
-    if (delivered == 0 && m_state->desktop->windows().nextTimerDue() < 0) break;
+    if (m_state->headless && delivered == 0 && m_state->desktop->windows().nextTimerDue() < 0) break;
     user().WaitForWork(-1);
   }
   return m_state->exitCode;

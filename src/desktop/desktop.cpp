@@ -57,7 +57,8 @@ Desktop::Desktop() : Desktop(Options{}) {}
 Desktop::Desktop(Options options)
     : m_options(options),
       m_clock(options.virtualClock),
-      m_windows(std::make_unique<WindowManager>(m_clock, options.width, options.height)),
+      m_windows(options.makeWindows ? options.makeWindows(m_clock, options.width, options.height)
+                                    : std::make_unique<WindowManager>(m_clock, options.width, options.height)),
       m_gdi(std::make_unique<DesktopGdi>(*m_windows)),
       m_screen(std::make_unique<Canvas>(options.width, options.height, options.desktopColour)),
       m_registry(std::make_unique<DesktopRegistry>(*m_gdi)),

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -27,6 +28,8 @@ class Desktop : public Platform, public SystemApi {
     int32_t twipsPerPixelY = 15;
     COLORREF desktopColour = 0xA56E3A;  // the classic blue-grey desktop
     std::string registryFile = {};      // the settings store's file; empty keeps it in memory
+    // Makes the window side; empty gives the in-process one. A live display brings its own.
+    std::function<std::unique_ptr<WindowManager>(Clock&, int32_t width, int32_t height)> makeWindows = {};
   };
 
   Desktop();

@@ -800,6 +800,38 @@ void WindowManager::composeWindow(const DesktopWindow& w, Canvas& screen, int32_
   }
 }
 
+bool WindowManager::composeTopLevel(HWND hWnd, Canvas& out) {
+  const DesktopWindow* w = window(hWnd);
+  if (!w || w->parent) return false;
+  const Canvas& src = *w->canvas;
+  if ((out.width() != src.width() || out.height() != src.height()) && !out.resize(src.width(), src.height(), 0))
+    return false;
+  const_cast<Canvas&>(src).flush();
+  out.flush();
+  for (int32_t y = 0; y < src.height(); ++y) {
+    const uint32_t* s = src.row(y);
+    uint32_t* d = out.row(y);
+    for (int32_t x = 0; x < src.width(); ++x) d[x] = s[x] | 0xFF000000u;
+  }
+  RECT all{0, 0, out.width(), out.height()};
+  for (HWND c : w->children) composeWindow(*window(c), out, 0, 0, all, 1.0);
+  out.markDirty();
+  return true;
+}
+
+bool WindowManager::setWindowCursor(HWND hWnd, int32_t pointer, HGDIOBJ image) {
+  DesktopWindow* w = find(hWnd);
+  if (!w) return false;
+  w->cursor = pointer;
+  w->cursorImage = image;
+  return true;
+}
+
+bool WindowManager::setClipboardText(const std::string& text) {
+  m_clipboard = text;
+  return true;
+}
+
 void WindowManager::compose(Canvas& screen, COLORREF desktopColour) {
   screen.flush();
   screen.fill(desktopColour);

@@ -37,6 +37,8 @@ struct DesktopWindow {
   uint8_t alpha = 255;                      // used while the layered style is set
   bool needsPaint = false;
   int32_t processId = 0;
+  int32_t cursor = 0;        // the mouse-pointer value shown over the window
+  HGDIOBJ cursorImage = 0;  // the image of pointer 99
 };
 
 // The window side of the desktop: windows with z-order, messages through window procedures,
@@ -143,6 +145,18 @@ class WindowManager : public UserApi, public WindowImages {
 
   // Composes all visible windows into the screen image.
   void compose(Canvas& screen, COLORREF desktopColour);
+  // Composes one top-level window with its children into an image of the window's size, at full
+  // opacity and without its region: a live display applies those to the real window.
+  bool composeTopLevel(HWND hWnd, Canvas& out);
+
+  bool setWindowCursor(HWND hWnd, int32_t pointer, HGDIOBJ image) override;
+
+  // Clipboard text: in process here, the display's clipboard on a live display.
+  bool setClipboardText(const std::string& text) override;
+  std::string clipboardText() override { return m_clipboard; }
+
+ protected:
+  bool hasPostedMessages() const { return !m_posted.empty(); }
 
  private:
   struct Timer {
@@ -201,6 +215,7 @@ class WindowManager : public UserApi, public WindowImages {
   uint64_t m_drawCount = 0;
   Canvas* m_screen = nullptr;
   int32_t m_processId;
+  std::string m_clipboard;
 };
 
 // Packs client coordinates into a message's lParam, each as a signed 16-bit value.

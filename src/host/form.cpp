@@ -136,6 +136,11 @@ std::string Form::classNameOf(const HostedControl& c) const {
 }
 
 LRESULT Form::windowProc(HWND hWnd, int32_t msg, WPARAM wParam, LPARAM lParam) {
+  if (msg == wm::CLOSE) {
+    // Closed by the user on a live display: the form unloads, as its close box does.
+    Unload();
+    return 0;
+  }
   if (m_surface) m_surface->handleMessage(msg, wParam, lParam);
   return user().DefWindowProcA(hWnd, msg, wParam, lParam);
 }

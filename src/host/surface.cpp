@@ -266,6 +266,22 @@ float Surface::scaleBetween(float value, int16_t from, int16_t to, bool horizont
 float Surface::ScaleX(float value, int16_t from, int16_t to) const { return scaleBetween(value, from, to, true); }
 float Surface::ScaleY(float value, int16_t from, int16_t to) const { return scaleBetween(value, from, to, false); }
 
+void Surface::setMousePointer(int16_t v) {
+  m_mousePointer = v;
+  showCursor();
+}
+
+void Surface::setMouseIcon(PictureRef p) {
+  m_mouseIcon = std::move(p);
+  showCursor();
+}
+
+// The window's cursor follows the pointer value; a surface outliving the application keeps it only.
+void Surface::showCursor() {
+  if (Platform* p = currentPlatform())
+    p->user().setWindowCursor(m_hWnd, m_mousePointer, m_mouseIcon ? m_mouseIcon->Handle() : 0);
+}
+
 void Surface::Cls() {
   HBRUSH b = gdi().CreateSolidBrush(translateColor(m_backColor));
   gdi().FillRect(m_hdc, RECT{0, 0, pixelWidth(), pixelHeight()}, b);

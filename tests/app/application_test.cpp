@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
@@ -245,6 +246,45 @@ TEST(TypedCreationTest, TypedAndNamedControlsRoundTripThroughAFormFile) {
   ASSERT_NE(named, nullptr);
   EXPECT_EQ(typed->Caption(), "typed");
   EXPECT_EQ(named->Caption(), "named");
+}
+
+// Closing a form's window (the window manager's close box on a live display) unloads the form:
+// its controls hear Terminate and it leaves the list of forms.
+TEST(ApplicationTest, CloseMessageUnloadsTheForm) {
+  Application app;
+  FormRef f = Form::create("Closing");
+  auto ticking = std::make_shared<TickingControl>();
+  f->add(ticking, "TickingControl", "ctlTick");
+  f->Show();
+  HWND h = f->hWnd();
+  user().PostMessageA(h, wm::CLOSE, 0, 0);
+  app.processEvents();
+  EXPECT_EQ(ticking->terminated, 1);
+  EXPECT_TRUE(Forms::all().empty());
+  f.reset();
+  EXPECT_FALSE(user().IsWindow(h));
+}
+
+// Asked for a live display where none can be opened, the application says so and leaves nothing
+// behind: no platform, and a headless one can start afterwards.
+TEST(ApplicationTest, LiveDisplayWithoutAnXServerIsAClearError) {
+  const char* old = std::getenv("DISPLAY");
+  std::string saved = old ? old : "";
+  setenv("DISPLAY", ":9871", 1);
+  Application::Options o;
+  o.display = Application::DisplayKind::Live;
+  try {
+    Application app(o);
+    FAIL() << "a live application started without a display";
+  } catch (const RuntimeError& e) {
+    EXPECT_EQ(e.number(), err::InvalidProcedureCall);
+    EXPECT_NE(e.description().find("display"), std::string::npos) << e.description();
+  }
+  if (old) setenv("DISPLAY", saved.c_str(), 1); else unsetenv("DISPLAY");
+  EXPECT_EQ(currentPlatform(), nullptr);
+  EXPECT_EQ(Application::current(), nullptr);
+  Application headless;
+  EXPECT_EQ(headless.displayKind(), Application::DisplayKind::Headless);
 }
 
 }  // namespace

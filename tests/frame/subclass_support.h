@@ -171,6 +171,11 @@ class FaultyUser : public UserApi {
   int16_t GetAsyncKeyState(int32_t key) override { return m_inner.GetAsyncKeyState(key); }
   bool TrackMouseEvent(TRACKMOUSEEVENT& request) override { return m_inner.TrackMouseEvent(request); }
   int32_t GetSystemMetrics(int32_t index) override { return m_inner.GetSystemMetrics(index); }
+  bool setWindowCursor(HWND hWnd, int32_t pointer, HGDIOBJ image) override {
+    return m_inner.setWindowCursor(hWnd, pointer, image);
+  }
+  bool setClipboardText(const std::string& text) override { return m_inner.setClipboardText(text); }
+  std::string clipboardText() override { return m_inner.clipboardText(); }
   int32_t SetTimer(HWND hWnd, int32_t id, int32_t milliseconds) override {
     return m_inner.SetTimer(hWnd, id, milliseconds);
   }

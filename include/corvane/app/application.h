@@ -18,8 +18,10 @@ class HeadlessDisplay;
 class CORVANE_API Application {
  public:
   // Which display shows the desktop's windows. Headless composes them into an image (PNG
-  // output, synthetic input); a live display, with real windows, is planned beside it.
-  enum class DisplayKind { Headless };
+  // output, synthetic input, deterministic). Live shows every top-level window as a real window
+  // of the user's display (X11, DISPLAY), with real input, time and clipboard; the screen size
+  // and scale then come from the display and the clock is the system's.
+  enum class DisplayKind { Headless, Live };
 
   struct Options {
     DisplayKind display = DisplayKind::Headless;
@@ -52,7 +54,8 @@ class CORVANE_API Application {
   int32_t processEvents();
   // Runs the message loop until the last form unloads or quit() is called, and returns the exit
   // code given to quit (0 otherwise). On the headless display the loop also returns when nothing
-  // is left that could happen: no message waiting and no timer set.
+  // is left that could happen: no message waiting and no timer set. On the live display it
+  // sleeps until the next event of the display or the next timer.
   int run();
   // Makes run() return after the event being handled.
   void quit(int exitCode = 0);

@@ -73,9 +73,10 @@ class CORVANE_API Surface {
   bool AutoRedraw() const { return m_autoRedraw; }
   void setAutoRedraw(bool v) { m_autoRedraw = v; }
   int16_t MousePointer() const { return m_mousePointer; }
-  void setMousePointer(int16_t v) { m_mousePointer = v; }
+  // The pointer and its image become the window's cursor.
+  void setMousePointer(int16_t v);
   const PictureRef& MouseIcon() const { return m_mouseIcon; }
-  void setMouseIcon(PictureRef p) { m_mouseIcon = std::move(p); }
+  void setMouseIcon(PictureRef p);
   bool Enabled() const;
   void setEnabled(bool v);
   bool Visible() const;
@@ -127,6 +128,7 @@ class CORVANE_API Surface {
   void handleMessage(int32_t msg, WPARAM wParam, LPARAM lParam);
 
  private:
+  void showCursor();
   float scaleBetween(float value, int16_t from, int16_t to, bool horizontal) const;
   float unitsPerPixelX() const;
   float unitsPerPixelY() const;

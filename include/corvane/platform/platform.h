@@ -158,6 +158,15 @@ class CORVANE_API UserApi {
   virtual bool TrackMouseEvent(TRACKMOUSEEVENT& request) = 0;
   virtual int32_t GetSystemMetrics(int32_t index) = 0;
 
+  // The cursor over a window: a mouse-pointer value (0 default, 1 arrow, 2 cross, 3 I-beam,
+  // 5 and 15 size all, 6 to 9 the sizing arrows, 10 up arrow, 11 and 13 hourglass, 12 no drop,
+  // 14 arrow and question mark, 99 the given image, an icon or a bitmap).
+  virtual bool setWindowCursor(HWND hWnd, int32_t pointer, HGDIOBJ image) = 0;
+
+  // The clipboard's text (clear and set in one call).
+  virtual bool setClipboardText(const std::string& text) = 0;
+  virtual std::string clipboardText() = 0;
+
   // Timers and the message loop.
   virtual int32_t SetTimer(HWND hWnd, int32_t id, int32_t milliseconds) = 0;
   virtual bool KillTimer(HWND hWnd, int32_t id) = 0;
