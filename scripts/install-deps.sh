@@ -4,7 +4,8 @@
 # Debian's Clang and its libFuzzer, for the fuzz targets.
 set -euo pipefail
 packages=(build-essential cmake pkg-config libcairo2-dev libpango1.0-dev libsdl2-dev libx11-dev nlohmann-json3-dev
-          libsqlite3-dev libgtest-dev libgmock-dev libbenchmark-dev libssl-dev fonts-dejavu-core fonts-liberation2)
+          libsqlite3-dev libgtest-dev libgmock-dev libbenchmark-dev libssl-dev fonts-dejavu-core fonts-liberation2
+          fonts-wqy-microhei)
 fuzz_packages=(clang-14 libclang-rt-14-dev)
 for a in "$@"; do [ "$a" = "--fuzz" ] && packages+=("${fuzz_packages[@]}"); done
 missing=()
