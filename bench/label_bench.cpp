@@ -9,6 +9,7 @@
 
 #include "desktop/desktop.h"
 #include <corvane/host/form.h>
+#include <corvane/platform/api.h>
 #include <corvane/platform/platform.h>
 #include <corvane/widgets/vex_color_label.h>
 
@@ -150,10 +151,62 @@ BENCHMARK(BM_Caption1MB_WordWrap)->Unit(benchmark::kMillisecond);
 void BM_TextWidth_Word(benchmark::State& state) {
   LabelRig rig(6000, 300);
   Surface& s = rig.label->surface();
-  s.TextWidth("Donaudampfschiff");  // warm-up: the font and its glyphs are known afterwards
-  for (auto _ : state) benchmark::DoNotOptimize(s.TextWidth("Donaudampfschiff"));
+  const std::string word = "Donaudampfschiff";
+  s.TextWidth(word);  // warm-up: the font and its glyphs are known afterwards
+  for (auto _ : state) benchmark::DoNotOptimize(s.TextWidth(word));
 }
 BENCHMARK(BM_TextWidth_Word);
+
+// The platform call underneath, on the same surface's context, as the peer of TextWidth.
+void BM_TextWidth_Word_Peer_GetTextExtentPoint32A(benchmark::State& state) {
+  LabelRig rig(6000, 300);
+  Surface& s = rig.label->surface();
+  const std::string word = "Donaudampfschiff";
+  s.TextWidth(word);  // selects the surface's font into its context
+  SIZE size;
+  for (auto _ : state) {
+    gdi().GetTextExtentPoint32A(s.hdc(), word, size);
+    benchmark::DoNotOptimize(size);
+  }
+}
+BENCHMARK(BM_TextWidth_Word_Peer_GetTextExtentPoint32A);
+
+void BM_TextHeight_Word(benchmark::State& state) {
+  LabelRig rig(6000, 300);
+  Surface& s = rig.label->surface();
+  const std::string word = "Donaudampfschiff";
+  s.TextHeight(word);
+  for (auto _ : state) benchmark::DoNotOptimize(s.TextHeight(word));
+}
+BENCHMARK(BM_TextHeight_Word);
+
+void BM_Print_Word(benchmark::State& state) {
+  LabelRig rig(6000, 300);
+  Surface& s = rig.label->surface();
+  const std::string word = "Donaudampfschiff";
+  s.Print(word, false);
+  for (auto _ : state) {
+    s.setCurrentX(0);
+    s.setCurrentY(0);
+    s.Print(word, false);
+  }
+}
+BENCHMARK(BM_Print_Word);
+
+// The platform calls underneath Print: the text drawn and measured once.
+void BM_Print_Word_Peer_TextOutA(benchmark::State& state) {
+  LabelRig rig(6000, 300);
+  Surface& s = rig.label->surface();
+  const std::string word = "Donaudampfschiff";
+  s.Print(word, false);
+  SIZE size;
+  for (auto _ : state) {
+    gdi().TextOutA(s.hdc(), 0, 0, word);
+    gdi().GetTextExtentPoint32A(s.hdc(), word, size);
+    benchmark::DoNotOptimize(size);
+  }
+}
+BENCHMARK(BM_Print_Word_Peer_TextOutA);
 
 void BM_PangoLayout_Word(benchmark::State& state) {
   cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 10, 10);

@@ -179,6 +179,10 @@ void DesktopGdi::removeDc(HDC hdc) {
   if (it == m_dcs.end()) return;
   if (it->second->recording) --m_recording;
   HFONT own = it->second->ownFont;
+  if (m_otherHdc == hdc) {
+    m_otherHdc = 0;
+    m_otherDc = nullptr;
+  }
   if (m_lastHdc == hdc) {
     m_lastHdc = 0;
     m_lastDc = nullptr;
@@ -189,8 +193,15 @@ void DesktopGdi::removeDc(HDC hdc) {
 
 DcState* DesktopGdi::dc(HDC hdc) {
   if (hdc == m_lastHdc && m_lastDc) return m_lastDc;
+  if (hdc == m_otherHdc && m_otherDc) {
+    std::swap(m_lastHdc, m_otherHdc);
+    std::swap(m_lastDc, m_otherDc);
+    return m_lastDc;
+  }
   auto it = m_dcs.find(hdc);
   if (it == m_dcs.end()) return nullptr;
+  m_otherHdc = m_lastHdc;
+  m_otherDc = m_lastDc;
   m_lastHdc = hdc;
   m_lastDc = it->second.get();
   return m_lastDc;
@@ -417,6 +428,8 @@ void DesktopGdi::SetDCFont(HDC hdc, const FontSpec& font) {
   DcState* d = dc(hdc);
   if (!d) return;
   if (d->recording) record(*d, "SetDCFont", font);
+  // The font already selected again (as surfaces do before each text call): nothing to look up.
+  if (d->ownFont && d->font == d->ownFont && d->ownDpi == m_dpiY && d->ownSpec == font) return;
   std::shared_ptr<TextFont> made = m_fonts.font(font, m_dpiY);
   if (!d->ownFont) {
     GdiObject own(GdiObject::Kind::Font);
@@ -427,6 +440,8 @@ void DesktopGdi::SetDCFont(HDC hdc, const FontSpec& font) {
   own.fontSpec = font;
   own.font = made;
   d->font = d->ownFont;
+  d->ownSpec = font;
+  d->ownDpi = m_dpiY;
   d->textFont = std::move(made);
   d->underline = font.underline;
   d->strikethrough = font.strikethrough;

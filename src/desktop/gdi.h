@@ -178,8 +178,11 @@ class DesktopGdi : public GdiApi {
   HBRUSH m_stockBrush = 0;
   HFONT m_stockFont = 0;
   HBITMAP m_stockBitmap = 0;
-  HDC m_lastHdc = 0;  // the context found last, since calls come in runs on one context
+  // The two contexts found last, since calls come in runs on one context (a surface's own and
+  // the screen's, which every conversion of units asks for its resolution).
+  HDC m_lastHdc = 0, m_otherHdc = 0;
   DcState* m_lastDc = nullptr;
+  DcState* m_otherDc = nullptr;
 };
 
 }  // namespace corvane
