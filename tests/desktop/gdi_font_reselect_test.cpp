@@ -13,7 +13,7 @@ namespace {
 // selected when nothing changed, and makes the font anew when anything did.
 class GdiFontReselect : public ::testing::Test {
  protected:
-  GdiFontReselect() : gdi(windows), hdc(gdi.GetDC(1)) { windows.add(1, 200, 50); }
+  GdiFontReselect() : canvas(windows.add(1, 200, 50)), gdi(windows), hdc(gdi.GetDC(1)) {}
   ~GdiFontReselect() override { gdi.ReleaseDC(1, hdc); }
   int32_t width(const std::string& text) {
     SIZE s;
@@ -27,6 +27,7 @@ class GdiFontReselect : public ::testing::Test {
     return f;
   }
   test::FakeWindows windows;
+  Canvas& canvas;
   DesktopGdi gdi;
   HDC hdc;
 };
