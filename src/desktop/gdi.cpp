@@ -123,7 +123,13 @@ int32_t DesktopGdi::addObject(GdiObject object) {
   if (object.counted()) ++m_liveObjects;
   if (object.kind == GdiObject::Kind::Image) ++m_liveImages;
   int32_t handle = newHandle();
-  m_objects.emplace(handle, std::move(object));
+  if (m_spareObject) {  // the entry of a pen or brush deleted before, reused without allocating
+    m_spareObject.key() = handle;
+    m_spareObject.mapped() = std::move(object);
+    m_objects.insert(std::move(m_spareObject));
+  } else {
+    m_objects.emplace(handle, std::move(object));
+  }
   return handle;
 }
 
@@ -132,7 +138,12 @@ void DesktopGdi::removeObject(int32_t handle) {
   if (it == m_objects.end()) return;
   if (it->second.counted()) --m_liveObjects;
   if (it->second.kind == GdiObject::Kind::Image) --m_liveImages;
-  m_objects.erase(it);
+  // Pens and brushes hold nothing else, and painters make and delete one per line.
+  const bool plain = it->second.kind == GdiObject::Kind::Pen || it->second.kind == GdiObject::Kind::Brush;
+  if (plain && !m_spareObject)
+    m_spareObject = m_objects.extract(it);
+  else
+    m_objects.erase(it);
 }
 
 GdiObject* DesktopGdi::object(int32_t handle) {

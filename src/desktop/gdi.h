@@ -169,6 +169,7 @@ class DesktopGdi : public GdiApi {
   FontCache m_fonts;
   SysColors m_colours;
   std::unordered_map<int32_t, GdiObject> m_objects;
+  std::unordered_map<int32_t, GdiObject>::node_type m_spareObject;
   std::unordered_map<HDC, std::unique_ptr<DcState>> m_dcs;
   int32_t m_nextHandle = 0x100;
   int32_t m_liveObjects = 0, m_liveImages = 0, m_liveKeys = 0, m_recording = 0;
