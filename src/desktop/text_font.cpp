@@ -59,9 +59,54 @@ TextFont::TextFont(PangoContext* context, const std::string& family, int32_t pix
   // The underline stays inside the line box.
   m_underlineOffset = std::clamp(m_underlineOffset, 1, std::max(1, m_descent - m_underlineThickness));
 
-  for (char32_t c = 0; c < 128; ++c) {
-    m_ascii[c] = shape(c);
-    m_maxCharWidth = std::max(m_maxCharWidth, m_ascii[c].advance);
+  shapeAscii();
+  for (const Glyph& g : m_ascii) m_maxCharWidth = std::max(m_maxCharWidth, g.advance);
+}
+
+void TextFont::shapeAscii() {
+  // The printable characters side by side in one layout, pairs neither kerned nor joined, so that
+  // each gets the glyph and advance it has on its own; a character that does not come out as one
+  // glyph is shaped on its own after all.
+  std::string text;
+  std::vector<int32_t> charAt;  // byte offset in text to the character that starts there, or -1
+  for (char32_t c = 0x20; c < 0x7F; ++c) {
+    charAt.resize(text.size(), -1);
+    charAt.push_back(static_cast<int32_t>(c));
+    appendUtf8(text, FontSubstitution::mapSymbol(m_symbols, c));
+  }
+  charAt.resize(text.size(), -1);
+  PangoAttrList* attributes = pango_attr_list_new();
+  pango_attr_list_insert(attributes, pango_attr_font_features_new("kern 0, liga 0, clig 0, calt 0, dlig 0"));
+  pango_layout_set_attributes(m_layout, attributes);
+  pango_layout_set_text(m_layout, text.data(), static_cast<int>(text.size()));
+  std::array<int32_t, 128> units{}, glyphs{};
+  std::array<Glyph, 128> found{};
+  PangoLayoutLine* line = pango_layout_get_line_readonly(m_layout, 0);
+  for (GSList* r = line ? line->runs : nullptr; r; r = r->next) {
+    auto* run = static_cast<PangoGlyphItem*>(r->data);
+    const int32_t slot = slotFor(run->item->analysis.font);
+    for (int k = 0; k < run->glyphs->num_glyphs; ++k) {
+      const size_t at = static_cast<size_t>(run->item->offset + run->glyphs->log_clusters[k]);
+      const int32_t c = at < charAt.size() ? charAt[at] : -1;
+      if (c < 0) continue;
+      const PangoGlyphInfo& info = run->glyphs->glyphs[k];
+      units[c] += info.geometry.width;
+      ++glyphs[c];
+      if (slot >= 0 && !(info.glyph & PANGO_GLYPH_UNKNOWN_FLAG) && info.glyph != PANGO_GLYPH_EMPTY) {
+        found[c].index = info.glyph;
+        found[c].slot = slot;
+      }
+    }
+  }
+  pango_layout_set_attributes(m_layout, nullptr);
+  pango_attr_list_unref(attributes);
+  for (char32_t c = 0x20; c < 0x7F; ++c) {
+    if (glyphs[c] != 1) {
+      m_ascii[c] = shape(c);
+      continue;
+    }
+    m_ascii[c] = found[c];
+    m_ascii[c].advance = std::max(0, PANGO_PIXELS(units[c]));
   }
 }
 

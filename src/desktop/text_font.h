@@ -116,6 +116,7 @@ class TextFont {
   };
   static constexpr size_t kMaxShapedWords = 4096;
 
+  void shapeAscii();
   int32_t mixedWidth(std::string_view text);
   // Calls visit(slot, glyph index, x, y, cached image index) for every glyph that shows ink, x
   // from the text's origin and y from the baseline; returns the text's width.

@@ -181,5 +181,17 @@ TEST_F(ShapedText, CairoDrawsTheSameShapedGlyphs) {
     for (int x = 0; x < 300; ++x) ASSERT_EQ(a.pixel(x, y) == kWhite, b.pixel(x, y) == kWhite) << x << "," << y;
 }
 
+// The advances of the printable ASCII characters, found in one layout, are those each character
+// has laid out on its own.
+TEST_F(ShapedText, AsciiAdvancesAreEachCharactersOwn) {
+  for (const char* name : {"MS Sans Serif", "Arial", "Times New Roman", "Courier New", "Tahoma", "Marlett"})
+    for (double points : {8.25, 10.0, 12.0}) {
+      auto f = cache.font(face(name, points), 96);
+      for (char c = 0x20; c < 0x7F; ++c)
+        ASSERT_EQ(f->advance(static_cast<char32_t>(c)), f->layoutSize(std::string(1, c)).cx)
+            << name << " " << points << " '" << c << "'";
+    }
+}
+
 }  // namespace
 }  // namespace corvane
