@@ -271,7 +271,8 @@ int32_t TextFont::walk(std::string_view text, Visit&& visit) {
     }
     size_t end = i;
     bool plain = true;
-    while (end < n && !endsWord(static_cast<unsigned char>(text[end]))) plain &= static_cast<unsigned char>(text[end++]) < 0x80;
+    while (end < n && !endsWord(static_cast<unsigned char>(text[end])))
+      plain &= static_cast<unsigned char>(text[end++]) < 0x80;
     const std::string_view word = text.substr(i, end - i);
     if (!plain && needsShaping(word)) {
       ShapedWord& w = shaped(word);

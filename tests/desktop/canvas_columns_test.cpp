@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include <gtest/gtest.h>
-
 #include <cairo.h>
+#include <gtest/gtest.h>
 
 #include "desktop/canvas.h"
 #include "desktop/gdi_raster.h"

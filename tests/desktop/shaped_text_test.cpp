@@ -133,8 +133,8 @@ TEST_F(ShapedText, WordsKeepTheirOrderLeftToRight) {
 }
 
 TEST_F(ShapedText, ACjkWordIsDrawnWithRealGlyphs) {
-  auto f = font("Arial", 30);  // a Latin face: the ideographs come from a fallback face
-  const std::string word = "\u4E2D";  // "middle": a box crossed by one long vertical stroke
+  auto f = font("Arial", 30);                      // a Latin face: the ideographs come from a fallback face
+  const std::string word = "\u4E2D";               // "middle": a box crossed by one long vertical stroke
   EXPECT_NEAR(f->width(word), f->pixelSize(), 2);  // a full-width square
   f->draw(canvas, 10, 10, word, 0, all);
   const Ink ink = inkOf(canvas);
@@ -178,7 +178,8 @@ TEST_F(ShapedText, CairoDrawsTheSameShapedGlyphs) {
   f->draw(a, 5, 5, text, 0, all);
   f->drawWithCairo(b, 5, 5, text, 0, all);
   for (int y = 0; y < 100; ++y)
-    for (int x = 0; x < 300; ++x) ASSERT_EQ(a.pixel(x, y) == kWhite, b.pixel(x, y) == kWhite) << x << "," << y;
+    for (int x = 0; x < 300; ++x)
+      ASSERT_EQ(a.pixel(x, y) == kWhite, b.pixel(x, y) == kWhite) << x << "," << y;
 }
 
 // The advances of the printable ASCII characters, found in one layout, are those each character
