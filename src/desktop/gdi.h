@@ -166,7 +166,7 @@ class DesktopGdi : public GdiApi {
   void recordEverywhere(const char* name, const Args&... args);
 
   WindowImages& m_windows;
-  FontCache m_fonts;
+  FontCache& m_fonts = FontCache::shared();  // one per process: fonts and glyphs outlive a desktop
   SysColors m_colours;
   std::unordered_map<int32_t, GdiObject> m_objects;
   std::unordered_map<int32_t, GdiObject>::node_type m_spareObject;
