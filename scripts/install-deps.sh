@@ -8,6 +8,7 @@ packages=(build-essential cmake pkg-config libcairo2-dev libpango1.0-dev libsdl2
           libxfixes-dev
           nlohmann-json3-dev
           libsqlite3-dev libgtest-dev libgmock-dev libbenchmark-dev libssl-dev fonts-dejavu-core fonts-liberation2
+          fonts-wqy-microhei
           xvfb xauth x11-utils xdotool)
 fuzz_packages=(clang-14 libclang-rt-14-dev)
 for a in "$@"; do [ "$a" = "--fuzz" ] && packages+=("${fuzz_packages[@]}"); done

@@ -27,6 +27,31 @@ Canvas::Canvas(cairo_surface_t* adopt) : m_surface(adopt) { attach(); }
 
 Canvas::~Canvas() { cairo_surface_destroy(m_surface); }
 
+void Canvas::column(int32_t x, int32_t top, int32_t bottom, uint32_t argb) {
+  const bool sameRows = top == m_columnsTop && bottom == m_columnsBottom;
+  if (m_columnsLeft < m_columnsRight && !(sameRows && (x == m_columnsRight || x == m_columnsLeft - 1))) settle();
+  if (m_columnsLeft >= m_columnsRight) {
+    m_columnColours.resize(static_cast<size_t>(m_width));
+    m_columnsLeft = m_columnsRight = x;
+    m_columnsTop = top;
+    m_columnsBottom = bottom;
+  }
+  m_columnColours[static_cast<size_t>(x)] = argb;
+  if (x == m_columnsRight)
+    ++m_columnsRight;
+  else
+    --m_columnsLeft;
+}
+
+void Canvas::writeColumns() const {
+  const int32_t left = m_columnsLeft, count = m_columnsRight - m_columnsLeft;
+  m_columnsLeft = m_columnsRight = 0;  // first, so that nothing below settles again
+  const uint32_t* colours = m_columnColours.data() + left;
+  for (int32_t y = m_columnsTop; y < m_columnsBottom; ++y)
+    std::copy_n(colours, count, reinterpret_cast<uint32_t*>(m_data + static_cast<size_t>(y) * m_stride) + left);
+  cairo_surface_mark_dirty(m_surface);
+}
+
 void Canvas::attach() {
   cairo_surface_flush(m_surface);
   m_data = cairo_image_surface_get_data(m_surface);
@@ -41,6 +66,7 @@ bool Canvas::resize(int32_t width, int32_t height, COLORREF fillColour) {
   if (width == m_width && height == m_height) return true;
   cairo_surface_t* next = createImage(width, height);
   if (!next) return false;
+  settle();
   cairo_surface_flush(m_surface);
   cairo_surface_flush(next);
   unsigned char* nd = cairo_image_surface_get_data(next);

@@ -3,6 +3,7 @@
 #include <cairo.h>
 
 #include <cstdint>
+#include <vector>
 
 #include <corvane/platform/types.h>
 
@@ -21,7 +22,10 @@ class Canvas {
 
   int32_t width() const { return m_width; }
   int32_t height() const { return m_height; }
-  cairo_surface_t* surface() const { return m_surface; }
+  cairo_surface_t* surface() const {
+    settle();
+    return m_surface;
+  }
 
   // Changes the size, keeping the pixels at the top left; new pixels get the fill colour. When an
   // image of the new size cannot be made, the canvas stays as it was and the result is false.
@@ -29,10 +33,20 @@ class Canvas {
 
   // Direct pixel access; callers check bounds with contains(). Pixels are 0xAARRGGBB words.
   bool contains(int32_t x, int32_t y) const { return x >= 0 && y >= 0 && x < m_width && y < m_height; }
-  uint32_t* row(int32_t y) { return reinterpret_cast<uint32_t*>(m_data + static_cast<size_t>(y) * m_stride); }
+  uint32_t* row(int32_t y) {
+    settle();
+    return reinterpret_cast<uint32_t*>(m_data + static_cast<size_t>(y) * m_stride);
+  }
   const uint32_t* row(int32_t y) const {
+    settle();
     return reinterpret_cast<const uint32_t*>(m_data + static_cast<size_t>(y) * m_stride);
   }
+
+  // A one-pixel column from row top to bottom (excluded) in one colour, x and the rows on the
+  // canvas. Columns over the same rows that follow one another (to the right or to the left) are
+  // gathered and written a whole row at a time when the pixels are next used: the same pixels as
+  // column by column, in far fewer memory passes.
+  void column(int32_t x, int32_t top, int32_t bottom, uint32_t argb);
   COLORREF pixel(int32_t x, int32_t y) const;      // as &H00BBGGRR, -1 outside
   void setPixel(int32_t x, int32_t y, COLORREF c);  // opaque
   void fill(COLORREF c);
@@ -40,7 +54,7 @@ class Canvas {
 
   // Call before reading pixels after Cairo drew, and after writing pixels before Cairo draws.
   void flush() { cairo_surface_flush(m_surface); }
-  void markDirty() { cairo_surface_mark_dirty(m_surface); }
+  void markDirty() { cairo_surface_mark_dirty(m_surface); }  // gathered columns mark it when written
 
   static uint32_t toArgb(COLORREF c) {
     return 0xFF000000u | ((c & 0xFF) << 16) | (c & 0xFF00) | ((c >> 16) & 0xFF);
@@ -51,6 +65,15 @@ class Canvas {
 
  private:
   void attach();
+  void settle() const {
+    if (m_columnsLeft < m_columnsRight) writeColumns();
+  }
+  void writeColumns() const;
+
+  // Gathered columns: m_columnColours[x] for x in [m_columnsLeft, m_columnsRight), rows
+  // [m_columnsTop, m_columnsBottom). Written by settle() before any other use of the pixels.
+  mutable int32_t m_columnsLeft = 0, m_columnsRight = 0, m_columnsTop = 0, m_columnsBottom = 0;
+  std::vector<uint32_t> m_columnColours;
   cairo_surface_t* m_surface = nullptr;
   unsigned char* m_data = nullptr;
   int32_t m_width = 0, m_height = 0, m_stride = 0;

@@ -33,6 +33,8 @@ struct DcState {
   std::shared_ptr<TextFont> textFont;
   bool underline = false, strikethrough = false;
   HFONT ownFont = 0;  // the handle of the font set by SetDCFont, which the context owns
+  FontSpec ownSpec;    // what the own font was made from, and at which resolution
+  int32_t ownDpi = 0;
 
   COLORREF textColour = 0, bkColour = 0xFFFFFF;
   int32_t bkMode = 2;  // opaque, as a fresh context on the platform

@@ -50,6 +50,11 @@ FontCache::FontCache()
   g_free(families);
 }
 
+FontCache& FontCache::shared() {
+  static FontCache cache;
+  return cache;
+}
+
 FontCache::~FontCache() {
   m_bySpec.clear();
   m_byFace.clear();

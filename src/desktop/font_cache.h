@@ -23,6 +23,8 @@ class FontCache {
  public:
   FontCache();
   ~FontCache();
+  // The cache every desktop of the process uses, so that a font and its glyphs are made once.
+  static FontCache& shared();
   FontCache(const FontCache&) = delete;
   FontCache& operator=(const FontCache&) = delete;
 

@@ -123,7 +123,13 @@ int32_t DesktopGdi::addObject(GdiObject object) {
   if (object.counted()) ++m_liveObjects;
   if (object.kind == GdiObject::Kind::Image) ++m_liveImages;
   int32_t handle = newHandle();
-  m_objects.emplace(handle, std::move(object));
+  if (m_spareObject) {  // the entry of a pen or brush deleted before, reused without allocating
+    m_spareObject.key() = handle;
+    m_spareObject.mapped() = std::move(object);
+    m_objects.insert(std::move(m_spareObject));
+  } else {
+    m_objects.emplace(handle, std::move(object));
+  }
   return handle;
 }
 
@@ -132,7 +138,12 @@ void DesktopGdi::removeObject(int32_t handle) {
   if (it == m_objects.end()) return;
   if (it->second.counted()) --m_liveObjects;
   if (it->second.kind == GdiObject::Kind::Image) --m_liveImages;
-  m_objects.erase(it);
+  // Pens and brushes hold nothing else, and painters make and delete one per line.
+  const bool plain = it->second.kind == GdiObject::Kind::Pen || it->second.kind == GdiObject::Kind::Brush;
+  if (plain && !m_spareObject)
+    m_spareObject = m_objects.extract(it);
+  else
+    m_objects.erase(it);
 }
 
 GdiObject* DesktopGdi::object(int32_t handle) {
@@ -179,6 +190,10 @@ void DesktopGdi::removeDc(HDC hdc) {
   if (it == m_dcs.end()) return;
   if (it->second->recording) --m_recording;
   HFONT own = it->second->ownFont;
+  if (m_otherHdc == hdc) {
+    m_otherHdc = 0;
+    m_otherDc = nullptr;
+  }
   if (m_lastHdc == hdc) {
     m_lastHdc = 0;
     m_lastDc = nullptr;
@@ -189,8 +204,15 @@ void DesktopGdi::removeDc(HDC hdc) {
 
 DcState* DesktopGdi::dc(HDC hdc) {
   if (hdc == m_lastHdc && m_lastDc) return m_lastDc;
+  if (hdc == m_otherHdc && m_otherDc) {
+    std::swap(m_lastHdc, m_otherHdc);
+    std::swap(m_lastDc, m_otherDc);
+    return m_lastDc;
+  }
   auto it = m_dcs.find(hdc);
   if (it == m_dcs.end()) return nullptr;
+  m_otherHdc = m_lastHdc;
+  m_otherDc = m_lastDc;
   m_lastHdc = hdc;
   m_lastDc = it->second.get();
   return m_lastDc;
@@ -417,6 +439,8 @@ void DesktopGdi::SetDCFont(HDC hdc, const FontSpec& font) {
   DcState* d = dc(hdc);
   if (!d) return;
   if (d->recording) record(*d, "SetDCFont", font);
+  // The font already selected again (as surfaces do before each text call): nothing to look up.
+  if (d->ownFont && d->font == d->ownFont && d->ownDpi == m_dpiY && d->ownSpec == font) return;
   std::shared_ptr<TextFont> made = m_fonts.font(font, m_dpiY);
   if (!d->ownFont) {
     GdiObject own(GdiObject::Kind::Font);
@@ -427,6 +451,8 @@ void DesktopGdi::SetDCFont(HDC hdc, const FontSpec& font) {
   own.fontSpec = font;
   own.font = made;
   d->font = d->ownFont;
+  d->ownSpec = font;
+  d->ownDpi = m_dpiY;
   d->textFont = std::move(made);
   d->underline = font.underline;
   d->strikethrough = font.strikethrough;

@@ -166,9 +166,10 @@ class DesktopGdi : public GdiApi {
   void recordEverywhere(const char* name, const Args&... args);
 
   WindowImages& m_windows;
-  FontCache m_fonts;
+  FontCache& m_fonts = FontCache::shared();  // one per process: fonts and glyphs outlive a desktop
   SysColors m_colours;
   std::unordered_map<int32_t, GdiObject> m_objects;
+  std::unordered_map<int32_t, GdiObject>::node_type m_spareObject;
   std::unordered_map<HDC, std::unique_ptr<DcState>> m_dcs;
   int32_t m_nextHandle = 0x100;
   int32_t m_liveObjects = 0, m_liveImages = 0, m_liveKeys = 0, m_recording = 0;
@@ -178,8 +179,11 @@ class DesktopGdi : public GdiApi {
   HBRUSH m_stockBrush = 0;
   HFONT m_stockFont = 0;
   HBITMAP m_stockBitmap = 0;
-  HDC m_lastHdc = 0;  // the context found last, since calls come in runs on one context
+  // The two contexts found last, since calls come in runs on one context (a surface's own and
+  // the screen's, which every conversion of units asks for its resolution).
+  HDC m_lastHdc = 0, m_otherHdc = 0;
   DcState* m_lastDc = nullptr;
+  DcState* m_otherDc = nullptr;
 };
 
 }  // namespace corvane

@@ -77,6 +77,12 @@ void GdiRaster::line(Canvas& canvas, int32_t x0, int32_t y0, int32_t x1, int32_t
     const int64_t minor = minorStart + minorStep * static_cast<int64_t>(numerator / twoSteps);
     int64_t err = static_cast<int64_t>(numerator % twoSteps);
     const int64_t major = majorStart + majorStep * first;
+    if (minorDelta == 0 && !xMajor) {  // vertical: gathered with its neighbours
+      const int64_t from = majorStep > 0 ? major : major - (last - first);
+      canvas.column(static_cast<int32_t>(minor), static_cast<int32_t>(from),
+                    static_cast<int32_t>(from + (last - first) + 1), argb);
+      return;
+    }
     const ptrdiff_t stride = canvas.height() > 1 ? canvas.row(1) - canvas.row(0) : 0;
     uint32_t* p = xMajor ? canvas.row(static_cast<int32_t>(minor)) + major : canvas.row(static_cast<int32_t>(major)) + minor;
     const ptrdiff_t majorInc = xMajor ? majorStep : majorStep * stride;

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "desktop/text_script.h"
 #include "desktop/text_utf8.h"
 
 namespace corvane {
@@ -58,9 +59,54 @@ TextFont::TextFont(PangoContext* context, const std::string& family, int32_t pix
   // The underline stays inside the line box.
   m_underlineOffset = std::clamp(m_underlineOffset, 1, std::max(1, m_descent - m_underlineThickness));
 
-  for (char32_t c = 0; c < 128; ++c) {
-    m_ascii[c] = shape(c);
-    m_maxCharWidth = std::max(m_maxCharWidth, m_ascii[c].advance);
+  shapeAscii();
+  for (const Glyph& g : m_ascii) m_maxCharWidth = std::max(m_maxCharWidth, g.advance);
+}
+
+void TextFont::shapeAscii() {
+  // The printable characters side by side in one layout, pairs neither kerned nor joined, so that
+  // each gets the glyph and advance it has on its own; a character that does not come out as one
+  // glyph is shaped on its own after all.
+  std::string text;
+  std::vector<int32_t> charAt;  // byte offset in text to the character that starts there, or -1
+  for (char32_t c = 0x20; c < 0x7F; ++c) {
+    charAt.resize(text.size(), -1);
+    charAt.push_back(static_cast<int32_t>(c));
+    appendUtf8(text, FontSubstitution::mapSymbol(m_symbols, c));
+  }
+  charAt.resize(text.size(), -1);
+  PangoAttrList* attributes = pango_attr_list_new();
+  pango_attr_list_insert(attributes, pango_attr_font_features_new("kern 0, liga 0, clig 0, calt 0, dlig 0"));
+  pango_layout_set_attributes(m_layout, attributes);
+  pango_layout_set_text(m_layout, text.data(), static_cast<int>(text.size()));
+  std::array<int32_t, 128> units{}, glyphs{};
+  std::array<Glyph, 128> found{};
+  PangoLayoutLine* line = pango_layout_get_line_readonly(m_layout, 0);
+  for (GSList* r = line ? line->runs : nullptr; r; r = r->next) {
+    auto* run = static_cast<PangoGlyphItem*>(r->data);
+    const int32_t slot = slotFor(run->item->analysis.font);
+    for (int k = 0; k < run->glyphs->num_glyphs; ++k) {
+      const size_t at = static_cast<size_t>(run->item->offset + run->glyphs->log_clusters[k]);
+      const int32_t c = at < charAt.size() ? charAt[at] : -1;
+      if (c < 0) continue;
+      const PangoGlyphInfo& info = run->glyphs->glyphs[k];
+      units[c] += info.geometry.width;
+      ++glyphs[c];
+      if (slot >= 0 && !(info.glyph & PANGO_GLYPH_UNKNOWN_FLAG) && info.glyph != PANGO_GLYPH_EMPTY) {
+        found[c].index = info.glyph;
+        found[c].slot = slot;
+      }
+    }
+  }
+  pango_layout_set_attributes(m_layout, nullptr);
+  pango_attr_list_unref(attributes);
+  for (char32_t c = 0x20; c < 0x7F; ++c) {
+    if (glyphs[c] != 1) {
+      m_ascii[c] = shape(c);
+      continue;
+    }
+    m_ascii[c] = found[c];
+    m_ascii[c].advance = std::max(0, PANGO_PIXELS(units[c]));
   }
 }
 
@@ -74,15 +120,21 @@ TextFont::~TextFont() {
   g_object_unref(m_context);
 }
 
-int32_t TextFont::advanceOf(std::string_view text, size_t& i) {
-  return glyph(nextCodePoint(text, i)).advance;
-}
-
 TextFont::Glyph& TextFont::glyph(char32_t c) {
   if (c < 128) return m_ascii[c];
   auto it = m_other.find(c);
   if (it == m_other.end()) it = m_other.emplace(c, shape(c)).first;
   return it->second;
+}
+
+int32_t TextFont::slotFor(PangoFont* font) {
+  // The glyph may come from a fallback face; each face keeps its own Cairo font.
+  auto found = std::find_if(m_slots.begin(), m_slots.end(), [font](const Slot& s) { return s.font == font; });
+  if (found != m_slots.end()) return static_cast<int32_t>(found - m_slots.begin());
+  cairo_scaled_font_t* scaled = pango_cairo_font_get_scaled_font(PANGO_CAIRO_FONT(font));
+  if (!scaled) return -1;
+  m_slots.push_back({static_cast<PangoFont*>(g_object_ref(font)), cairo_scaled_font_reference(scaled)});
+  return static_cast<int32_t>(m_slots.size() - 1);
 }
 
 TextFont::Glyph TextFont::shape(char32_t c) {
@@ -99,29 +151,52 @@ TextFont::Glyph TextFont::shape(char32_t c) {
       const PangoGlyphInfo& info = run->glyphs->glyphs[k];
       units += info.geometry.width;
       if (g.slot >= 0 || (info.glyph & PANGO_GLYPH_UNKNOWN_FLAG) || info.glyph == PANGO_GLYPH_EMPTY) continue;
-      // The glyph may come from a fallback face; each face keeps its own Cairo font.
-      PangoFont* font = run->item->analysis.font;
-      auto found =
-          std::find_if(m_slots.begin(), m_slots.end(), [font](const Slot& s) { return s.font == font; });
-      if (found == m_slots.end()) {
-        cairo_scaled_font_t* scaled = pango_cairo_font_get_scaled_font(PANGO_CAIRO_FONT(font));
-        if (!scaled) continue;
-        m_slots.push_back({static_cast<PangoFont*>(g_object_ref(font)), cairo_scaled_font_reference(scaled)});
-        found = m_slots.end() - 1;
-      }
+      const int32_t slot = slotFor(run->item->analysis.font);
+      if (slot < 0) continue;
       g.index = info.glyph;
-      g.slot = static_cast<int32_t>(found - m_slots.begin());
+      g.slot = slot;
     }
   }
   g.advance = std::max(0, PANGO_PIXELS(units));  // so a text is never narrower than its beginning
   return g;
 }
 
-const TextFont::GlyphImage& TextFont::image(Glyph& g) {
-  if (g.image >= 0) return m_images[static_cast<size_t>(g.image)];
+TextFont::ShapedWord& TextFont::shaped(std::string_view word) {
+  auto known = m_shaped.find(word);
+  if (known != m_shaped.end()) return known->second;
+  if (m_shaped.size() >= kMaxShapedWords) m_shaped.clear();  // bounded memory for endless new words
+  ShapedWord out;
+  const std::string s = mapped(word);
+  pango_layout_set_text(m_layout, s.data(), static_cast<int>(s.size()));
+  PangoLayoutLine* line = pango_layout_get_line_readonly(m_layout, 0);
+  // Runs and their glyphs come in visual order, left to right, right-to-left runs reversed.
+  int32_t units = 0;
+  for (GSList* r = line ? line->runs : nullptr; r; r = r->next) {
+    auto* run = static_cast<PangoGlyphItem*>(r->data);
+    const int32_t slot = slotFor(run->item->analysis.font);
+    for (int k = 0; k < run->glyphs->num_glyphs; ++k) {
+      const PangoGlyphInfo& info = run->glyphs->glyphs[k];
+      if (slot >= 0 && !(info.glyph & PANGO_GLYPH_UNKNOWN_FLAG) && info.glyph != PANGO_GLYPH_EMPTY)
+        out.glyphs.push_back({info.glyph, slot, PANGO_PIXELS(units + info.geometry.x_offset),
+                              PANGO_PIXELS(info.geometry.y_offset), -1});
+      units += info.geometry.width;
+    }
+  }
+  out.width = std::max(0, PANGO_PIXELS(units));
+  return m_shaped.emplace(std::string(word), std::move(out)).first->second;
+}
+
+const TextFont::GlyphImage& TextFont::image(int32_t slot, uint32_t index, int32_t& cached) {
+  if (cached >= 0) return m_images[static_cast<size_t>(cached)];
+  const uint64_t key = (uint64_t(uint32_t(slot)) << 32) | index;
+  auto known = m_imageOf.find(key);
+  if (known != m_imageOf.end()) {
+    cached = known->second;
+    return m_images[static_cast<size_t>(cached)];
+  }
   GlyphImage im;
-  cairo_scaled_font_t* scaled = m_slots[static_cast<size_t>(g.slot)].scaled;
-  cairo_glyph_t cg{g.index, 0, 0};
+  cairo_scaled_font_t* scaled = m_slots[static_cast<size_t>(slot)].scaled;
+  cairo_glyph_t cg{index, 0, 0};
   cairo_text_extents_t e;
   cairo_scaled_font_glyph_extents(scaled, &cg, 1, &e);
   if (e.width > 0 && e.height > 0) {
@@ -167,9 +242,58 @@ const TextFont::GlyphImage& TextFont::image(Glyph& g) {
     }
     cairo_surface_destroy(surface);
   }
-  g.image = static_cast<int32_t>(m_images.size());
+  cached = static_cast<int32_t>(m_images.size());
+  m_imageOf.emplace(key, cached);
   m_images.push_back(std::move(im));
   return m_images.back();
+}
+
+namespace {
+
+// A byte that ends a word: a blank or a control character.
+inline bool endsWord(unsigned char b) { return b <= 0x20 || b == 0x7F; }
+
+}  // namespace
+
+template <class Visit>
+int32_t TextFont::walk(std::string_view text, Visit&& visit) {
+  int32_t pen = 0;
+  const size_t n = text.size();
+  size_t i = 0;
+  while (i < n) {
+    const auto b = static_cast<unsigned char>(text[i]);
+    if (endsWord(b)) {
+      Glyph& g = m_ascii[b];
+      if (g.slot >= 0) visit(g.slot, g.index, pen, 0, g.image);
+      pen += g.advance;
+      ++i;
+      continue;
+    }
+    size_t end = i;
+    bool plain = true;
+    while (end < n && !endsWord(static_cast<unsigned char>(text[end])))
+      plain &= static_cast<unsigned char>(text[end++]) < 0x80;
+    const std::string_view word = text.substr(i, end - i);
+    if (!plain && needsShaping(word)) {
+      ShapedWord& w = shaped(word);
+      for (PlacedGlyph& p : w.glyphs) visit(p.slot, p.index, pen + p.x, p.y, p.image);
+      pen += w.width;
+      i = end;
+      continue;
+    }
+    while (i < end) {
+      const auto c = static_cast<unsigned char>(text[i]);
+      Glyph& g = c < 0x80 ? m_ascii[c] : glyph(nextCodePoint(text, i));
+      if (c < 0x80) ++i;
+      if (g.slot >= 0) visit(g.slot, g.index, pen, 0, g.image);
+      pen += g.advance;
+    }
+  }
+  return pen;
+}
+
+int32_t TextFont::mixedWidth(std::string_view text) {
+  return walk(text, [](int32_t, uint32_t, int32_t, int32_t, int32_t&) {});
 }
 
 int32_t TextFont::draw(Canvas& canvas, int32_t x, int32_t y, std::string_view text, COLORREF colour,
@@ -178,46 +302,39 @@ int32_t TextFont::draw(Canvas& canvas, int32_t x, int32_t y, std::string_view te
   const uint32_t solid = 0xFF000000u | (sr << 16) | (sg << 8) | sb;
   const uint32_t srcRedBlue = solid & 0xFF00FF, srcGreen = solid & 0xFF00;
   const int32_t baseline = y + m_ascent;
-  int32_t pen = x;
-  for (size_t i = 0; i < text.size();) {
-    const auto b = static_cast<unsigned char>(text[i]);
-    Glyph& g = b < 0x80 ? m_ascii[b] : glyph(nextCodePoint(text, i));
-    if (b < 0x80) ++i;
-    if (g.slot >= 0) {
-      const GlyphImage& im = image(g);
-      const int32_t gx = pen + im.left, gy = baseline + im.top;
-      const int32_t r0 = std::max(0, clip.Top - gy), r1 = std::min(im.height, clip.Bottom - gy);
-      const int32_t c0 = std::max(0, clip.Left - gx), c1 = std::min(im.width, clip.Right - gx);
-      for (int32_t r = r0; r < r1; ++r) {
-        uint32_t* row = canvas.row(gy + r);
-        const uint8_t* cov = im.coverage.data() + r * im.width;
-        const int32_t from = std::max<int32_t>(c0, im.rowStart[r]), to = std::min<int32_t>(c1, im.rowEnd[r]);
-        for (int32_t c = from; c < to; ++c) {
-          const uint32_t a = cov[c];
-          if (a == 0) continue;
-          uint32_t& p = row[gx + c];
-          const uint32_t d = p;
-          if (a == 255) {
-            p = solid;
-            continue;
-          }
-          if ((d >> 24) == 255) {  // windows and bitmaps are opaque
-            p = blendOverOpaque(d, srcRedBlue, srcGreen, a);
-            continue;
-          }
-          // The text colour, as far as the glyph covers the pixel, over what is there.
-          const uint32_t na = 255 - a;
-          const uint32_t oa = a + div255(((d >> 24) & 255) * na);
-          const uint32_t orr = div255(sr * a + ((d >> 16) & 255) * na);
-          const uint32_t og = div255(sg * a + ((d >> 8) & 255) * na);
-          const uint32_t ob = div255(sb * a + (d & 255) * na);
-          p = (oa << 24) | (orr << 16) | (og << 8) | ob;
+  auto blit = [&](int32_t slot, uint32_t index, int32_t gx0, int32_t gy0, int32_t& cached) {
+    const GlyphImage& im = image(slot, index, cached);
+    const int32_t gx = x + gx0 + im.left, gy = baseline + gy0 + im.top;
+    const int32_t r0 = std::max(0, clip.Top - gy), r1 = std::min(im.height, clip.Bottom - gy);
+    const int32_t c0 = std::max(0, clip.Left - gx), c1 = std::min(im.width, clip.Right - gx);
+    for (int32_t r = r0; r < r1; ++r) {
+      uint32_t* row = canvas.row(gy + r);
+      const uint8_t* cov = im.coverage.data() + r * im.width;
+      const int32_t from = std::max<int32_t>(c0, im.rowStart[r]), to = std::min<int32_t>(c1, im.rowEnd[r]);
+      for (int32_t c = from; c < to; ++c) {
+        const uint32_t a = cov[c];
+        if (a == 0) continue;
+        uint32_t& p = row[gx + c];
+        const uint32_t d = p;
+        if (a == 255) {
+          p = solid;
+          continue;
         }
+        if ((d >> 24) == 255) {  // windows and bitmaps are opaque
+          p = blendOverOpaque(d, srcRedBlue, srcGreen, a);
+          continue;
+        }
+        // The text colour, as far as the glyph covers the pixel, over what is there.
+        const uint32_t na = 255 - a;
+        const uint32_t oa = a + div255(((d >> 24) & 255) * na);
+        const uint32_t orr = div255(sr * a + ((d >> 16) & 255) * na);
+        const uint32_t og = div255(sg * a + ((d >> 8) & 255) * na);
+        const uint32_t ob = div255(sb * a + (d & 255) * na);
+        p = (oa << 24) | (orr << 16) | (og << 8) | ob;
       }
     }
-    pen += g.advance;
-  }
-  return pen - x;
+  };
+  return walk(text, blit);
 }
 
 void TextFont::drawWithCairo(Canvas& canvas, int32_t x, int32_t y, std::string_view text, COLORREF colour,
@@ -229,24 +346,20 @@ void TextFont::drawWithCairo(Canvas& canvas, int32_t x, int32_t y, std::string_v
   cairo_set_source_rgb(cr, (colour & 255) / 255.0, ((colour >> 8) & 255) / 255.0,
                        ((colour >> 16) & 255) / 255.0);
   const double baseline = y + m_ascent;
-  int32_t pen = x, slot = -1;
+  int32_t current = -1;
   auto flushRun = [&] {
     if (m_run.empty()) return;
-    cairo_set_scaled_font(cr, m_slots[static_cast<size_t>(slot)].scaled);
+    cairo_set_scaled_font(cr, m_slots[static_cast<size_t>(current)].scaled);
     cairo_show_glyphs(cr, m_run.data(), static_cast<int>(m_run.size()));
     m_run.clear();
   };
-  for (size_t i = 0; i < text.size();) {
-    const Glyph& g = glyph(nextCodePoint(text, i));
-    if (g.slot >= 0) {
-      if (g.slot != slot) {
-        flushRun();
-        slot = g.slot;
-      }
-      m_run.push_back({g.index, double(pen), baseline});
+  walk(text, [&](int32_t slot, uint32_t index, int32_t gx, int32_t gy, int32_t&) {
+    if (slot != current) {
+      flushRun();
+      current = slot;
     }
-    pen += g.advance;
-  }
+    m_run.push_back({index, double(x + gx), baseline + gy});
+  });
   flushRun();
   cairo_destroy(cr);
   canvas.flush();

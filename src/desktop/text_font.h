@@ -3,6 +3,7 @@
 #include <cairo.h>
 
 #include <array>
+#include <functional>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -23,11 +24,17 @@ namespace corvane {
 
 // One font at one pixel size, bold or not, italic or not, with a cache of its glyphs.
 //
-// Pango is asked once per code point (at creation for ASCII) for the glyph and its advance, a
-// whole number of pixels as hinted metrics give. Measuring then only sums advances, and drawing
-// places the same glyphs at the same advances, so measured and printed widths always agree.
-// Glyph images are rendered once by Cairo (cairo_show_glyphs on the scaled font Pango chose,
-// greyscale antialiasing, whole-pixel positions) and then blended from the cache.
+// Simple text (Latin, Greek, Cyrillic, CJK, symbols) is drawn a glyph per code point: Pango is
+// asked once per code point (at creation for ASCII) for the glyph and its advance, a whole number
+// of pixels as hinted metrics give. A word (the text between blanks and control characters) that
+// holds anything else (combining marks, right-to-left or joining scripts, Indic scripts, emoji
+// sequences) is shaped by Pango as a whole, once: its glyphs, their places and its width are
+// kept per word, so measuring and printing it again is a lookup. Within such a word right-to-left
+// text reads right to left; the words themselves always follow one another left to right, in the
+// order the caller gives them. Measuring and drawing walk the same glyphs at the same places, so
+// measured and printed widths always agree. Glyph images are rendered once by Cairo
+// (cairo_show_glyphs on the scaled font Pango chose, greyscale antialiasing, whole-pixel
+// positions) and then blended from the cache.
 class TextFont {
  public:
   TextFont(PangoContext* context, const std::string& family, int32_t pixelSize, bool bold, bool italic,
@@ -48,21 +55,20 @@ class TextFont {
   int32_t strikeOffset() const { return m_strikeOffset; }
   int32_t strikeThickness() const { return m_strikeThickness; }
 
-  // Width of a UTF-8 text in pixels: the sum of its advances.
+  // Width of a UTF-8 text in pixels: the sum of its advances and of its shaped words' widths.
   int32_t width(std::string_view text) {
     int32_t w = 0;
-    for (size_t i = 0; i < text.size();) {
-      const auto b = static_cast<unsigned char>(text[i]);
-      if (b < 0x80) {
-        w += m_ascii[b].advance;
-        ++i;
-      } else {
-        w += advanceOf(text, i);
-      }
+    for (const char ch : text) {
+      const auto b = static_cast<unsigned char>(ch);
+      if (b >= 0x80) return mixedWidth(text);
+      w += m_ascii[b].advance;
     }
     return w;
   }
+  // The advance of one code point drawn on its own.
   int32_t advance(char32_t c) { return c < 0x80 ? m_ascii[c].advance : glyph(c).advance; }
+  // Shaped words kept so far (bounded: the store starts again when it is full).
+  size_t shapedWords() const { return m_shaped.size(); }
 
   // Draws a line of text with its box's top left at (x, y), the baseline at y + ascent, in one
   // colour, inside clip (already within the canvas). Returns the width drawn.
@@ -93,11 +99,34 @@ class TextFont {
     PangoFont* font;
     cairo_scaled_font_t* scaled;
   };
+  // A glyph of a shaped word, at its place from the word's origin on the baseline.
+  struct PlacedGlyph {
+    uint32_t index = 0;
+    int32_t slot = 0;
+    int32_t x = 0, y = 0;
+    int32_t image = -1;
+  };
+  struct ShapedWord {
+    int32_t width = 0;
+    std::vector<PlacedGlyph> glyphs;
+  };
+  struct WordHash {
+    using is_transparent = void;
+    size_t operator()(std::string_view s) const { return std::hash<std::string_view>()(s); }
+  };
+  static constexpr size_t kMaxShapedWords = 4096;
 
-  int32_t advanceOf(std::string_view text, size_t& i);
+  void shapeAscii();
+  int32_t mixedWidth(std::string_view text);
+  // Calls visit(slot, glyph index, x, y, cached image index) for every glyph that shows ink, x
+  // from the text's origin and y from the baseline; returns the text's width.
+  template <class Visit>
+  int32_t walk(std::string_view text, Visit&& visit);
   Glyph& glyph(char32_t c);
   Glyph shape(char32_t c);
-  const GlyphImage& image(Glyph& g);
+  ShapedWord& shaped(std::string_view word);
+  int32_t slotFor(PangoFont* font);
+  const GlyphImage& image(int32_t slot, uint32_t index, int32_t& cached);
   std::string mapped(std::string_view text) const;
 
   PangoContext* m_context;
@@ -111,6 +140,8 @@ class TextFont {
   std::unordered_map<char32_t, Glyph> m_other;
   std::vector<Slot> m_slots;
   std::vector<GlyphImage> m_images;
+  std::unordered_map<uint64_t, int32_t> m_imageOf;  // slot and glyph index to m_images
+  std::unordered_map<std::string, ShapedWord, WordHash, std::equal_to<>> m_shaped;
   std::vector<cairo_glyph_t> m_run;  // scratch for drawWithCairo
 };
 

@@ -46,8 +46,9 @@ void TextLayout::wrap(TextFont& font, const Line& paragraph, int32_t maxWidth, s
         ++j;
       }
       if (j == n) break;  // blanks at the end of a line are not shown
-      size_t k = j;
-      while (k < n && s[k] != ' ') w += font.advance(nextCodePoint(s, k));
+      size_t k = s.find(' ', j);
+      if (k == std::string::npos) k = n;
+      w += font.width(std::string_view(s).substr(j, k - j));  // a shaped word is measured whole
       if (any && w > maxWidth) break;
       lineWidth = w;
       lineEnd = k;

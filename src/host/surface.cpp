@@ -27,6 +27,16 @@ std::vector<std::string> splitLines(const std::string& text) {
   lines.push_back(cur);
   return lines;
 }
+
+// As many as splitLines gives, without making them.
+size_t lineCount(const std::string& text) {
+  size_t count = 1;
+  for (size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') continue;
+    count += text[i] == '\n' || text[i] == '\r';
+  }
+  return count;
+}
 }  // namespace
 
 COLORREF translateColor(OLE_COLOR colour) {
@@ -340,10 +350,16 @@ void Surface::selectFont() { gdi().SetDCFont(m_hdc, m_font->desc()); }
 float Surface::TextWidth(const std::string& text) {
   selectFont();
   int32_t widest = 0;
-  for (const std::string& line : splitLines(text)) {
-    SIZE s;
-    gdi().GetTextExtentPoint32A(m_hdc, line, s);
-    widest = std::max(widest, s.cx);
+  SIZE s;
+  if (std::none_of(text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n'; })) {
+    // One line, measured as it is.
+    gdi().GetTextExtentPoint32A(m_hdc, text, s);
+    widest = s.cx;
+  } else {
+    for (const std::string& line : splitLines(text)) {
+      gdi().GetTextExtentPoint32A(m_hdc, line, s);
+      widest = std::max(widest, s.cx);
+    }
   }
   return static_cast<float>(widest) * unitsPerPixelX();
 }
@@ -352,7 +368,7 @@ float Surface::TextHeight(const std::string& text) {
   selectFont();
   TEXTMETRIC tm;
   gdi().GetTextMetricsA(m_hdc, tm);
-  return static_cast<float>(splitLines(text).size() * tm.tmHeight) * unitsPerPixelY();
+  return static_cast<float>(lineCount(text) * static_cast<size_t>(tm.tmHeight)) * unitsPerPixelY();
 }
 
 void Surface::Print(const std::string& text, bool newLine) {
@@ -361,19 +377,23 @@ void Surface::Print(const std::string& text, bool newLine) {
   gdi().SetBkMode(m_hdc, 1);
   TEXTMETRIC tm;
   gdi().GetTextMetricsA(m_hdc, tm);
-  auto lines = splitLines(text);
-  for (size_t i = 0; i < lines.size(); ++i) {
-    gdi().TextOutA(m_hdc, toPixelX(m_currentX), toPixelY(m_currentY), lines[i]);
-    bool last = i + 1 == lines.size();
+  auto printLine = [&](const std::string& line, bool last) {
+    gdi().TextOutA(m_hdc, toPixelX(m_currentX), toPixelY(m_currentY), line);
     if (last && !newLine) {
       SIZE s;
-      gdi().GetTextExtentPoint32A(m_hdc, lines[i], s);
+      gdi().GetTextExtentPoint32A(m_hdc, line, s);
       m_currentX += static_cast<float>(s.cx) * unitsPerPixelX();
     } else {
       m_currentX = m_scaleLeft;
       m_currentY += static_cast<float>(tm.tmHeight) * unitsPerPixelY();
     }
+  };
+  if (lineCount(text) == 1) {
+    printLine(text, true);  // one line, printed as it is
+    return;
   }
+  auto lines = splitLines(text);
+  for (size_t i = 0; i < lines.size(); ++i) printLine(lines[i], i + 1 == lines.size());
 }
 
 // A window that grew shows its back colour in the new area, as the engine erases it.
