@@ -4,8 +4,10 @@
 #include <corvane/runtime/strings.h>
 #include <sqlite3.h>
 
+#include <chrono>
 #include <filesystem>
 #include <iostream>
+#include <thread>
 
 namespace corvane {
 
@@ -87,6 +89,7 @@ void RegistryStore::fail(const std::string& why) {
 bool RegistryStore::exec(const char* sql) {
   char* message = nullptr;
   int rc = sqlite3_exec(m_db, sql, nullptr, nullptr, &message);
+  m_lastCode = rc;
   if (rc != SQLITE_OK) {
     std::string why = message ? message : sqlite3_errstr(rc);
     sqlite3_free(message);
@@ -116,28 +119,47 @@ bool RegistryStore::open() {
   sqlite3_busy_timeout(m_db, BusyTimeoutMs);
   sqlite3_extended_result_codes(m_db, 0);
 
+  // Two processes opening a new store at once can find it locked while the other one turns on
+  // the write-ahead log or creates the tables, sometimes without SQLite's own wait: that is a
+  // wait too, not a broken store.
+  const auto deadline = std::chrono::steady_clock::now() + std::chrono::milliseconds(BusyTimeoutMs);
+  for (;;) {
+    std::string why;
+    const int rc = prepare(why);
+    if (rc == SQLITE_OK) return true;
+    const bool busy = rc == SQLITE_BUSY || rc == SQLITE_LOCKED;
+    if (!busy || std::chrono::steady_clock::now() >= deadline) {
+      fail(why);
+      return false;
+    }
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+  }
+}
+
+int RegistryStore::prepare(std::string& why) {
   std::string verdict = integrityCheck();
   if (verdict != "ok") {
-    fail(verdict);
-    return false;
+    why = verdict;
+    return m_lastCode == SQLITE_OK ? SQLITE_CORRUPT : m_lastCode;
   }
   // The write-ahead log lets readers go on while one process writes; FULL makes each commit
   // durable before the call returns.
+  const bool memory = m_path.empty();
   if (!memory && (!exec("PRAGMA journal_mode=WAL") || !exec("PRAGMA synchronous=FULL"))) {
-    fail(sqlite3_errmsg(m_db));
-    return false;
+    why = sqlite3_errmsg(m_db);
+    return m_lastCode;
   }
   if (!exec("PRAGMA foreign_keys=ON") || !exec("BEGIN IMMEDIATE")) {
-    fail(sqlite3_errmsg(m_db));
-    return false;
+    why = sqlite3_errmsg(m_db);
+    return m_lastCode;
   }
   if (!exec(Schema) || !exec("COMMIT")) {
-    std::string why = sqlite3_errmsg(m_db);
+    why = sqlite3_errmsg(m_db);
+    const int rc = m_lastCode;
     exec("ROLLBACK");
-    fail(why);
-    return false;
+    return rc;
   }
-  return true;
+  return SQLITE_OK;
 }
 
 std::string RegistryStore::integrityCheck() {
@@ -151,6 +173,7 @@ std::string RegistryStore::integrityCheck() {
       answer += columnBytes(s, 0);
     }
   }
+  m_lastCode = rc == SQLITE_DONE ? SQLITE_OK : rc;
   if (rc != SQLITE_DONE) answer = sqlite3_errmsg(m_db);
   sqlite3_finalize(s);
   return answer;

@@ -59,6 +59,8 @@ class RegistryStore {
 
  private:
   bool open();
+  // The checks and the schema of a store just opened; the result code of the step that failed.
+  int prepare(std::string& why);
   void fail(const std::string& why);
   sqlite3_stmt* statement(const char* sql);
   int32_t failure(int rc);  // maps an SQLite result to an error code, noting damage
@@ -67,6 +69,7 @@ class RegistryStore {
   std::string m_path;
   sqlite3* m_db = nullptr;
   bool m_opened = false, m_broken = false;
+  int m_lastCode = 0;  // result of the last exec or integrity check
   std::map<const char*, sqlite3_stmt*> m_statements;
 };
 
