@@ -108,11 +108,16 @@ void Label::draw() {
   if (!isSited()) return;
   Surface& s = surface();
   s.Cls();
-  gdi().SetDCFont(s.hdc(), s.Font()->desc());
-  gdi().SetTextColor(s.hdc(), translateColor(s.ForeColor()));
-  gdi().SetBkMode(s.hdc(), 1);
-  RECT r{0, 0, s.pixelWidth(), s.pixelHeight()};
-  gdi().DrawTextA(s.hdc(), oneLineEnd(m_Caption), -1, r, textFlags());
+  drawText(s.hdc(), s.Font()->desc(), s.ForeColor(), m_Caption, RECT{0, 0, s.pixelWidth(), s.pixelHeight()},
+           textFlags());
+}
+
+void Label::drawText(HDC hdc, const FontSpec& font, OLE_COLOR colour, const std::string& text, RECT box,
+                     int32_t flags) {
+  gdi().SetDCFont(hdc, font);
+  gdi().SetTextColor(hdc, translateColor(colour));
+  gdi().SetBkMode(hdc, 1);
+  gdi().DrawTextA(hdc, oneLineEnd(text), -1, box, flags);
 }
 
 }  // namespace corvane

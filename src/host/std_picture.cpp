@@ -37,6 +37,13 @@ std::shared_ptr<StdPicture> StdPicture::fromBytes(std::vector<unsigned char> byt
   return p;
 }
 
+std::shared_ptr<StdPicture> StdPicture::fromBitmap(HBITMAP bitmap) {
+  auto p = std::make_shared<StdPicture>();
+  p->m_handle = bitmap;
+  p->m_type = bitmap ? vbPicTypeBitmap : vbPicTypeNone;
+  return p;
+}
+
 SIZE StdPicture::pixelSize() const { return m_handle ? gdi().GetImageSize(m_handle) : SIZE{}; }
 
 // Pictures are measured at the screen's resolution: HiMetric = pixels * 2540 / pixels per inch.

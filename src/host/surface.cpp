@@ -199,6 +199,17 @@ void Surface::setBackStyle(int16_t v) {
   updateMaskRegion();
 }
 
+PictureRef Surface::Image() const {
+  const int32_t width = pixelWidth(), height = pixelHeight();
+  HDC mem = gdi().CreateCompatibleDC(m_hdc);
+  HBITMAP bitmap = gdi().CreateCompatibleBitmap(m_hdc, width, height);
+  HGDIOBJ old = gdi().SelectObject(mem, bitmap);
+  gdi().BitBlt(mem, 0, 0, width, height, m_hdc, 0, 0, SRCCOPY);
+  gdi().SelectObject(mem, old);
+  gdi().DeleteDC(mem);
+  return StdPicture::fromBitmap(bitmap);
+}
+
 void Surface::updateMaskRegion() {
   bool applies = m_backStyle == 0 && m_maskPicture && m_maskPicture->Handle() != 0;
   if (!applies) {

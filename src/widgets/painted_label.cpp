@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <corvane/host/label.h>
 #include <corvane/host/surface.h>
 #include <corvane/platform/api.h>
 #include <corvane/widgets/painted_label.h>
@@ -25,10 +26,7 @@ void PaintedLabel::paint(HDC hdc) const {
     gdi().DeleteObject(brush);
   }
   if (Caption.empty() || !Font) return;
-  gdi().SetDCFont(hdc, Font->desc());
-  gdi().SetTextColor(hdc, translateColor(ForeColor));
-  gdi().SetBkMode(hdc, 1);
-  gdi().DrawTextA(hdc, Caption, -1, box, Alignment);
+  Label::drawText(hdc, Font->desc(), ForeColor, Caption, box, Alignment);
 }
 
 bool PaintedLabel::contains(int32_t x, int32_t y) const {

@@ -26,6 +26,7 @@ Variant pictureToStore(const PictureRef& p) { return hasPicture(p) ? Variant(p) 
 VexInfoPanel::VexInfoPanel() : m_Picture(StdPicture::empty()) {}
 
 VexInfoPanel::~VexInfoPanel() {
+  keepFont(nullptr);
   if (m_pen && currentPlatform()) gdi().DeleteObject(m_pen);
 }
 
@@ -47,7 +48,7 @@ void VexInfoPanel::setPicture(const PictureRef& value) {
 
 void VexInfoPanel::setFont(const FontRef& value) {
   if (!value) throw RuntimeError(err::InvalidPropertyValue, "Cannot set Font to Nothing");
-  m_pFont = value;
+  keepFont(value);
   lblTip.setFont(value);
   txtTip.setFont(value);
   FontRef head = lblHead.Font()->clone();
@@ -118,6 +119,14 @@ void VexInfoPanel::setPicPosTop(int32_t value) {
   m_PicPosTop = value;
   onResize();
   PropertyChanged("PicPosTop");
+}
+
+void VexInfoPanel::keepFont(const FontRef& font) {
+  if (m_pFont) m_pFont->FontChanged.disconnect(m_pFontListener);
+  m_pFont = font;
+  m_pFontListener = 0;
+  if (m_pFont)
+    m_pFontListener = m_pFont->FontChanged.connect([this](const std::string&) { setFont(m_pFont); });
 }
 
 // ---- layout ----
@@ -204,6 +213,9 @@ void VexInfoPanel::Refresh() {
     gdi().DeleteObject(inside);
   });
   guarded([&] { s.Refresh(); });
+  // With a transparent back style, what lies outside the rounded border in the mask colour falls
+  // out of the control's shape.
+  guarded([&] { s.setMaskPicture(s.Image()); });
   guarded([&] { txtTip.setBackColor(s.BackColor()); });
   guarded([&] { txtTip.setForeColor(lblTip.ForeColor()); });
   guarded([&] { imgPicture.surface().setBackColor(s.BackColor()); });
@@ -236,7 +248,7 @@ void VexInfoPanel::InitProperties() {
   m_BorderColor = kBorderColor;
   guarded([&] { m_Picture = LoadPicture(); });
   guarded([&] {
-    m_pFont = ambient().Font();
+    keepFont(ambient().Font());
     lblTip.setFont(m_pFont);
     txtTip.setFont(m_pFont);
     FontRef head = m_pFont->clone();
@@ -261,7 +273,7 @@ void VexInfoPanel::ReadProperties(PropertyBag& bag) {
   guarded([&] { m_Picture = pictureFrom(bag.ReadProperty("Picture", Variant())); });
   guarded([&] {
     FontRef f = bag.ReadProperty("Font", Variant(ambient().Font())).as<FontRef>();
-    m_pFont = f ? f : ambient().Font();
+    keepFont(f ? f : ambient().Font());
     lblTip.setFont(m_pFont);
     txtTip.setFont(m_pFont);
     FontRef head = m_pFont->clone();
@@ -308,6 +320,8 @@ void VexInfoPanel::WriteProperties(PropertyBag& bag) {
 }
 
 void VexInfoPanel::Terminate() {
+  if (m_pFont) m_pFont->FontChanged.disconnect(m_pFontListener);
+  m_pFontListener = 0;
   if (m_pen && currentPlatform()) gdi().DeleteObject(m_pen);
   m_pen = 0;
 }

@@ -130,6 +130,9 @@ void VexInfoPanelLight::Refresh() {
     gdi().DeleteObject(inside);
   });
   guarded([&] { s.Refresh(); });
+  // With a transparent back style, what lies outside the rounded border in the mask colour falls
+  // out of the control's shape.
+  guarded([&] { s.setMaskPicture(s.Image()); });
   guarded([&] { s.setAutoRedraw(false); });
 }
 
@@ -157,7 +160,7 @@ void VexInfoPanelLight::onResize() {
     int32_t h = CLng(s.ScaleHeight() - static_cast<float>(m_TextPosTop) - 5);
     lblHead.Move(m_TextPosLeft, m_TextPosTop, w, h);
   });
-  guarded([&] { lblHead.setCaption(Replace(m_Text, "<br>", "\r\n")); });
+  guarded([&] { setText(m_Text); });
   guarded([&] { lblHead.setBackColor(s.BackColor()); });
   Refresh();
 }

@@ -175,5 +175,29 @@ TEST_F(InfoPanelLightTest, ClickOnTheTextOrThePanelIsRaised) {
   EXPECT_EQ(clicks, 2);
 }
 
+TEST_F(InfoPanelLightTest, RefreshGivesTheSurfaceImageToTheMaskPicture) {
+  panel->setText("");
+  panel->Refresh();
+  const PictureRef& mask = panel->surface().MaskPicture();
+  ASSERT_TRUE(mask && mask->Handle() != 0);
+  EXPECT_EQ(mask->pixelSize().cx, 200);
+  EXPECT_EQ(mask->pixelSize().cy, 60);
+}
+
+TEST_F(InfoPanelLightTest, ResizeSetsTheTextToItselfAndReportsIt) {
+  panel->controlSite().changedKeys.clear();
+  panel->onResize();
+  EXPECT_EQ(panel->controlSite().changedKeys, Keys({"Text"}));
+}
+
+TEST_F(InfoPanelLightTest, BorderPenStaysSelectedAfterDrawing) {
+  panel->setBorderColor(0x123456);
+  // A line drawn on the surface's context afterwards comes out in the border pen.
+  HDC dc = panel->surface().hdc();
+  gdi().MoveToEx(dc, 40, 30, nullptr);
+  gdi().LineTo(dc, 80, 30);
+  EXPECT_EQ(gdi().GetPixel(dc, 60, 30) & 0xFFFFFF, 0x123456u);
+}
+
 }  // namespace
 }  // namespace corvane

@@ -231,5 +231,65 @@ TEST_F(InfoPanelTest, TextBoxShowsASunkenFrameAndItsScrollBar) {
   EXPECT_EQ(bottomRight, gdi().GetSysColor(20)) << "the highlight colour";
 }
 
+TEST_F(InfoPanelTest, ChangeInsideTheFontObjectIsAppliedAgainThroughTheFontSetter) {
+  FontRef f = StdFont::create();
+  f->setName("Arial");
+  f->setSize(10);
+  panel->setFont(f);
+  panel->controlSite().changedKeys.clear();
+  f->setSize(14);
+  EXPECT_EQ(panel->lblHead.Font()->Size(), 14) << "the headline takes the new size";
+  f->setItalic(true);
+  EXPECT_TRUE(panel->lblHead.Font()->Italic());
+  f->setName("Courier New");
+  EXPECT_EQ(panel->lblHead.Font()->Name(), "Courier New");
+  EXPECT_EQ(panel->controlSite().changedKeys, Keys({"Font", "Font", "Font"}));
+  // A replaced font object is no longer listened to.
+  panel->setFont(StdFont::create());
+  panel->controlSite().changedKeys.clear();
+  f->setSize(20);
+  EXPECT_TRUE(panel->controlSite().changedKeys.empty());
+  EXPECT_NE(panel->lblHead.Font()->Size(), 20);
+}
+
+TEST_F(InfoPanelTest, FontObjectOutlivingThePanelCanStillChange) {
+  FontRef f = StdFont::create();
+  panel->setFont(f);
+  form.reset();
+  panel.reset();
+  f->setSize(12);  // nobody listens any more: no call into the ended panel
+  EXPECT_EQ(f->Size(), 12);
+}
+
+TEST_F(InfoPanelTest, RefreshGivesTheSurfaceImageToTheMaskPicture) {
+  panel->setCaption("");
+  panel->setText("");
+  panel->Refresh();
+  const PictureRef& mask = panel->surface().MaskPicture();
+  ASSERT_TRUE(mask && mask->Handle() != 0);
+  EXPECT_EQ(mask->pixelSize().cx, 200);
+  EXPECT_EQ(mask->pixelSize().cy, 80);
+  // The picture holds the drawing: the border and the back colour inside.
+  HDC mem = gdi().CreateCompatibleDC(0);
+  HGDIOBJ old = gdi().SelectObject(mem, mask->Handle());
+  EXPECT_EQ(gdi().GetPixel(mem, 100, 0) & 0xFFFFFF, 0x808080u);
+  EXPECT_EQ(gdi().GetPixel(mem, 100, 40) & 0xFFFFFF, 0xE2FFFFu);
+  gdi().SelectObject(mem, old);
+  gdi().DeleteDC(mem);
+}
+
+TEST_F(InfoPanelTest, TransparentPanelLosesTheCornersInTheMaskColour) {
+  panel->setCaption("");
+  panel->setText("");
+  // The form shows red where the panel's shape is cut away.
+  form->surface().setBackColor(0x0000FF);
+  panel->setBackColor(0xFFFFFF);
+  panel->surface().setMaskColor(0xFFFFFF);
+  panel->surface().setBackStyle(0);
+  panel->Refresh();
+  EXPECT_EQ(screenPixel(0, 0), 0x0000FF) << "outside the rounded corner the form shows";
+  EXPECT_EQ(screenPixel(100, 0), 0x808080) << "the border stays";
+}
+
 }  // namespace
 }  // namespace corvane

@@ -41,6 +41,11 @@ class CORVANE_API Label : public HostedControl {
   bool Visible() const;
   void setVisible(bool value);
 
+  // The label's way of drawing text, shared with the windowless labels that controls paint
+  // themselves: the caption in the font and colour, see-through, every kind of line end a break.
+  static void drawText(HDC hdc, const FontSpec& font, OLE_COLOR colour, const std::string& text, RECT box,
+                       int32_t flags);
+
   void onResize() override { draw(); }
   void Paint() override { draw(); }
 

@@ -24,6 +24,8 @@ class CORVANE_API StdPicture : public Object {
   // Decodes PNG, BMP or ICO bytes; nullptr when they are no picture. ICO data gives an icon,
   // anything else a bitmap, unless asIcon asks for an icon (which keeps transparency).
   static std::shared_ptr<StdPicture> fromBytes(std::vector<unsigned char> bytes, bool asIcon = false);
+  // A bitmap picture that takes over a bitmap handle (no bytes: it is not stored in a form file).
+  static std::shared_ptr<StdPicture> fromBitmap(HBITMAP bitmap);
 
   std::string typeName() const override { return "StdPicture"; }
 

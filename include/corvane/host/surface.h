@@ -95,6 +95,8 @@ class CORVANE_API Surface {
   void setMaskColor(OLE_COLOR c);
   int16_t BackStyle() const { return m_backStyle; }
   void setBackStyle(int16_t v);
+  // A copy of what the surface shows now, as a bitmap picture of its size.
+  PictureRef Image() const;
 
   // Drawing methods, in the surface's scale.
   void Cls();

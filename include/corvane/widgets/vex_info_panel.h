@@ -77,10 +77,13 @@ class CORVANE_API VexInfoPanel : public ControlBase {
  private:
   // The text's left edge: beside the picture, or at PicPosLeft without one.
   int32_t textLeft() const;
+  // Keeps the font object and listens to it: a change inside it is applied again through setFont.
+  void keepFont(const FontRef& font);
 
   OLE_COLOR m_BorderColor = 0x808080;
   PictureRef m_Picture;
   FontRef m_pFont;
+  int m_pFontListener = 0;
   std::string m_Text, m_Caption;
   int32_t m_RightMargin = 0, m_PicPosLeft = 8, m_PicPosTop = 6;
   bool m_WordWrap = false;
