@@ -545,13 +545,18 @@ void HtmlLayout::mFlowText(bool right, bool center, int32_t rightLimit, int32_t 
         m_page.setCurrentY(static_cast<float>(Y));
         m_page.setCurrentX(static_cast<float>(X));
         if (X > lineIndent + leftLimit && !(ch.Glue && w == 0) && !blankPending) {
+          // A blank word emits nothing, so the gap stays owed to the next word.
           if (linkPending) {
             m_page.setCurrentX(m_page.CurrentX() + m_page.TextWidth(" "));
+            blankPending = true;
           } else if (!isBlank(wordText)) {
+            // An aligned line was placed without its leading blank; none is printed at its start.
             const bool aligned = right || center;
-            if (!aligned || !(X - 1 > alignedStart)) m_page.Print(" ", false);
+            if (!aligned || X - 1 >= alignedStart) {
+              m_page.Print(" ", false);
+              blankPending = true;
+            }
           }
-          blankPending = true;
         }
         if (linkPending && enableAnchors && openAnchor >= 0)
           m_doc.chunk(openAnchor).Left = static_cast<int32_t>(m_page.CurrentX());

@@ -139,7 +139,8 @@ void HtmlLayout::handleCellEnd(HtmlChunk& c, bool final) {
   } else if (m_page.CurrentY() - T.RowTop > T.RowHeight) {
     T.RowHeight = static_cast<int32_t>(m_page.CurrentY()) - T.RowTop;
   }
-  if (hasCell) T.CellX = m_doc.chunk(cell.Index).Right + T.CellSpacing + T.Border - T.Left;
+  // The cell just ended is the last one placed in the row.
+  T.CellX = cwAt(T.Columns, T.Column - 1)[1] + T.CellSpacing + T.Border - T.Left;
   rightOn = centerOn = false;
   HtmlChunk found;
   if (m_doc.mAncestorOf(c, found, TagDiv)) {
