@@ -20,6 +20,8 @@ namespace corvane {
 // this parse state: Refresh lays the page out onto an off-screen page surface in three passes and
 // copies the visible part into the viewport.
 class PictureBox;
+class ScrollBar;
+class VexPane;
 
 class CORVANE_API VexHTML : public ControlBase {
  public:
@@ -55,6 +57,20 @@ class CORVANE_API VexHTML : public ControlBase {
   void setLinkHoverColor(OLE_COLOR value) { m_layout.LinkHoverColor = value; }
   bool UnderlineLinks() const { return m_layout.UnderlineLinks; }
   void setUnderlineLinks(bool value) { m_layout.UnderlineLinks = value; }
+  // 0 none, 1 vertical, 2 horizontal, 3 both.
+  int16_t EnableScroll() const { return m_layout.EnableScroll; }
+  void setEnableScroll(int16_t value);
+  // A gradient page from BackColor to BackColor2; a BODY BGCOLOR then has no effect.
+  bool Gradient() const { return m_Gradient; }
+  void setGradient(bool value);
+  float GradientAngle() const { return m_GradientAngle; }
+  void setGradientAngle(float value);
+  OLE_COLOR BackColor2() const { return m_BackColor2; }
+  void setBackColor2(OLE_COLOR value);
+  int16_t Appearance() const { return m_Appearance; }
+  void setAppearance(int16_t value);
+  int16_t BorderStyle() const { return m_BorderStyle; }
+  void setBorderStyle(int16_t value);
   // While true, nothing is laid out or drawn; setting it false refreshes.
   bool FreezeUpdates() const { return m_FreezeUpdates; }
   void setFreezeUpdates(bool value);
@@ -70,6 +86,13 @@ class CORVANE_API VexHTML : public ControlBase {
   // The off-screen page and the visible part; null before the control is sited.
   PictureBox* picHTML() const { return m_picHTML.get(); }
   PictureBox* picViewPort() const { return m_picViewPort.get(); }
+  VexPane* panV() const { return m_panV.get(); }
+  VexPane* panH() const { return m_panH.get(); }
+  ScrollBar* vscScroll() const { return m_vscScroll.get(); }
+  ScrollBar* hscScroll() const { return m_hscScroll.get(); }
+  // Each pane's thickness in twips as text, "-1" while its bar is switched off.
+  const std::string& panVTag() const { return m_panVTag; }
+  const std::string& panHTag() const { return m_panHTag; }
 
   // Raised for each image at its first layout and for the page background at every pass: the
   // host may fill Image for Source.
@@ -102,7 +125,14 @@ class CORVANE_API VexHTML : public ControlBase {
   html::HtmlLayoutSettings m_layout;
   bool m_FreezeUpdates = false;
   int32_t m_DocWidth = 0, m_DocHeight = 0;
-  std::shared_ptr<PictureBox> m_picHTML, m_picViewPort;
+  bool m_Gradient = false;
+  float m_GradientAngle = 270;
+  OLE_COLOR m_BackColor2 = 255;
+  int16_t m_Appearance = 0, m_BorderStyle = 0;
+  std::shared_ptr<PictureBox> m_picHTML, m_picViewPort, m_FocusWeg;
+  std::shared_ptr<VexPane> m_panV, m_panH;
+  std::shared_ptr<ScrollBar> m_vscScroll, m_hscScroll;
+  std::string m_panVTag = "-1", m_panHTag = "-1";
 };
 
 }  // namespace corvane
