@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <corvane/frame/global.h>
+#include <corvane/host/scroll_bar.h>
 #include <corvane/html/vex_html.h>
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -15,7 +17,7 @@ constexpr OLE_COLOR kWhite = 0xFFFFFF;
 
 // A form with one HTML view filling it, showing the page.
 FormRef makeHtmlForm(const std::string& name, int32_t width, int32_t height, const std::string& page,
-                     bool withPictures = false) {
+                     bool withPictures = false, const std::function<void(VexHTML&)>& setUp = nullptr) {
   FormRef f = makeSceneForm(name, width * kTwips, height * kTwips, 8, kWhite);
   auto view = std::dynamic_pointer_cast<VexHTML>(
       f->add("VexHTML", "htmPage", nullptr, 0, 0, width * kTwips, height * kTwips));
@@ -25,6 +27,7 @@ FormRef makeHtmlForm(const std::string& name, int32_t width, int32_t height, con
       if (source == "demo" || source == "tile") image = Global::LoadIconPicture("hover_demo");
     });
   view->setBackColor(kWhite);
+  if (setUp) setUp(*view);
   view->setText(page);
   return f;
 }
@@ -66,6 +69,29 @@ std::vector<Scene> htmlScenes() {
                              "<BODY BACKGROUND=\"tile\"><P>Picture: <IMG SRC=\"demo\"> and a missing one "
                              "<IMG SRC=\"none\" WIDTH=32 HEIGHT=24> after it.</P></BODY>",
                              true);
+       }},
+      {"html_gradient", "a gradient page from BackColor to BackColor2; a BODY BGCOLOR has no effect then",
+       [] {
+         return makeHtmlForm(
+             "GalleryHtmlGradient", 320, 160,
+             "<BODY BGCOLOR=#00FF00><H2>Gradient page</H2><P>Text over a gradient from white to "
+             "light blue, at the default angle.</P></BODY>",
+             false, [](VexHTML& v) {
+               v.setBackColor2(0xFFC080);
+               v.setGradient(true);
+             });
+       }},
+      {"html_long_page", "a long page with both bars, scrolled half way down",
+       [] {
+         std::string page = "<H2>A long page</H2>";
+         for (int n = 1; n <= 60; ++n)
+           page += "<P>Paragraph " + std::to_string(n) + ": some running text to fill the line.</P>";
+         FormRef f =
+             makeHtmlForm("GalleryHtmlLong", 320, 240, page, false, [](VexHTML& v) { v.setEnableScroll(3); });
+         auto view = std::dynamic_pointer_cast<VexHTML>(f->control("htmPage"));
+         if (view && view->vscScroll())
+           view->vscScroll()->setValue(static_cast<int16_t>(view->vscScroll()->Max() / 2));
+         return f;
        }},
   };
 }

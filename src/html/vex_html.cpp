@@ -17,7 +17,7 @@ constexpr OLE_COLOR kDefaultBackColor = static_cast<OLE_COLOR>(0x8000000F);
 
 constexpr int32_t kBarPixels = 17;
 
-// A child sited by the view itself, in pixel scale: it is not among the host's contained controls.
+// A child sited by the view itself: it is not among the host's contained controls.
 template <class T>
 std::shared_ptr<T> ownChild(HostedControl& owner, const std::string& name, int32_t width, int32_t height,
                             std::shared_ptr<T> child = std::make_shared<T>()) {
@@ -26,11 +26,13 @@ std::shared_ptr<T> ownChild(HostedControl& owner, const std::string& name, int32
   site.container = &owner;
   site.extender = std::make_shared<Extender>(*child);
   child->site(std::move(site), owner.surface().hWnd(), 0, 0, std::max(1, width), std::max(1, height));
-  child->surface().setScaleMode(Surface::Pixels);
   return child;
 }
 std::shared_ptr<PictureBox> ownPicture(HostedControl& owner, const std::string& name) {
-  return ownChild<PictureBox>(owner, name, owner.surface().pixelWidth(), owner.surface().pixelHeight());
+  auto picture =
+      ownChild<PictureBox>(owner, name, owner.surface().pixelWidth(), owner.surface().pixelHeight());
+  picture->surface().setScaleMode(Surface::Pixels);
+  return picture;
 }
 std::string barTwipsText(bool vertical) {
   const float tpp = vertical ? Screen::instance().TwipsPerPixelX() : Screen::instance().TwipsPerPixelY();

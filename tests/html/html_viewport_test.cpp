@@ -136,3 +136,21 @@ TEST_F(HtmlViewportTest, SunkenFrameOfAMissingImage) {
 
 }  // namespace
 }  // namespace corvane
+
+namespace corvane {
+namespace {
+
+TEST_F(HtmlViewportTest, NoDrawingObjectStaysAliveAfterARefresh) {
+  view->setEnableScroll(3);
+  view->setText("<P>x</P>");
+  const int32_t before = gdi().liveObjectCount();
+  view->setText(
+      "<H1>Head</H1><TABLE BORDER=1 BGCOLOR=#FFFF00><TR><TD BGCOLOR=#00FFFF>a</TD><TD>b</TD></TR></TABLE>"
+      "<UL><LI>i</UL><HR><IMG SRC=x WIDTH=5 HEIGHT=5>");
+  view->setGradient(true);
+  view->Refresh(false);
+  EXPECT_EQ(gdi().liveObjectCount(), before);
+}
+
+}  // namespace
+}  // namespace corvane
