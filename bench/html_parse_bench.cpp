@@ -4,10 +4,10 @@
 #include <benchmark/benchmark.h>
 #include <corvane/html/vex_html.h>
 
-#include "html_pages.h"
-
 #include <memory>
 #include <string>
+
+#include "html_pages.h"
 
 using namespace corvane;
 

@@ -3,6 +3,9 @@
 // it runs (three passes and the bar loop), and one hover repaint (a measuring pass plus the copy
 // into the viewport). A page about 20,000 pixels long reports the peak memory of the process.
 #include <benchmark/benchmark.h>
+#include <corvane/host/form.h>
+#include <corvane/html/vex_html.h>
+#include <corvane/platform/platform.h>
 #include <sys/resource.h>
 
 #include <memory>
@@ -10,9 +13,6 @@
 
 #include "desktop/desktop.h"
 #include "html_pages.h"
-#include <corvane/host/form.h>
-#include <corvane/html/vex_html.h>
-#include <corvane/platform/platform.h>
 
 using namespace corvane;
 

@@ -168,8 +168,8 @@ void VexHTML::mArrange() {
 void VexHTML::mRender(bool final) {
   if (!m_picHTML || !m_picViewPort) return;
   Surface& page = m_picHTML->surface();
-  page.Cls();
   if (m_Gradient) {
+    page.Cls();
     guarded([&] {
       CGradient gradient;
       gradient.setAngle(m_GradientAngle);
@@ -177,8 +177,9 @@ void VexHTML::mRender(bool final) {
       gradient.setColor2(m_BackColor2);
       gradient.DrawGradient(page.hdc(), page.pixelWidth(), page.pixelHeight());
     });
-  } else {
-    guarded([&] { page.setBackColor(m_Document.mBodyColor); });
+  } else if (!guarded([&] { page.setBackColor(m_Document.mBodyColor); })) {
+    // Setting the page colour clears the page in it; a colour it refuses leaves the plain clear.
+    page.Cls();
   }
   html::HtmlLayoutSettings settings = m_layout;
   settings.ViewportWidth = static_cast<int32_t>(m_picViewPort->surface().ScaleWidth());
