@@ -4,13 +4,13 @@
 // sweep; Cairo computes every pixel of the image.
 #include <benchmark/benchmark.h>
 #include <cairo.h>
-#include <corvane/frame/gradient.h>
-#include <corvane/platform/api.h>
 
 #include <chrono>
 #include <cmath>
 
 #include "desktop/desktop.h"
+#include <corvane/frame/gradient.h>
+#include <corvane/platform/api.h>
 
 using namespace corvane;
 

@@ -2,15 +2,15 @@
 // The markup label against Pango's own markup layout and paint of the same text, the cost of
 // measuring one word once its font is known, and the label's wrapping and parsing at scale.
 #include <benchmark/benchmark.h>
-#include <corvane/host/form.h>
-#include <corvane/platform/platform.h>
-#include <corvane/widgets/vex_color_label.h>
 #include <pango/pangocairo.h>
 
 #include <memory>
 #include <string>
 
 #include "desktop/desktop.h"
+#include <corvane/host/form.h>
+#include <corvane/platform/platform.h>
+#include <corvane/widgets/vex_color_label.h>
 
 using namespace corvane;
 
@@ -25,8 +25,7 @@ struct LabelRig {
     form = Form::create("BenchForm", 12000, 12000);
     form->surface().Font()->setName("Arial");
     form->surface().Font()->setSize(10);
-    label = std::dynamic_pointer_cast<VexColorLabel>(
-        form->add("VexColorLabel", "lbl", nullptr, 0, 0, widthTwips, heightTwips));
+    label = std::dynamic_pointer_cast<VexColorLabel>(form->add("VexColorLabel", "lbl", nullptr, 0, 0, widthTwips, heightTwips));
   }
   ~LabelRig() {
     label.reset();
@@ -43,9 +42,7 @@ std::pair<std::string, std::string> longCaption() {
   std::string ours, pango;
   for (int i = 0; ours.size() < 2048; ++i) {
     ours += "Der <b>schnelle</b> braune <i>Fuchs</i> springt <c&HFF>ueber</c> den <u>faulen</u> Hund. ";
-    pango +=
-        "Der <b>schnelle</b> braune <i>Fuchs</i> springt <span foreground=\"#FF0000\">ueber</span> den "
-        "<u>faulen</u> Hund. ";
+    pango += "Der <b>schnelle</b> braune <i>Fuchs</i> springt <span foreground=\"#FF0000\">ueber</span> den <u>faulen</u> Hund. ";
     if (i % 4 == 3) {
       ours += "<br>";
       pango += "\n";
@@ -54,8 +51,7 @@ std::pair<std::string, std::string> longCaption() {
   return {ours, pango};
 }
 
-void pangoLayoutAndPaint(benchmark::State& state, const std::string& markup, int widthPx, int heightPx,
-                         bool wrap) {
+void pangoLayoutAndPaint(benchmark::State& state, const std::string& markup, int widthPx, int heightPx, bool wrap) {
   cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, widthPx, heightPx);
   cairo_t* cr = cairo_create(surface);
   PangoFontDescription* font = pango_font_description_from_string("Liberation Sans 10");
@@ -87,9 +83,7 @@ void BM_DrawLabel_OneLine(benchmark::State& state) {
 }
 BENCHMARK(BM_DrawLabel_OneLine);
 
-void BM_PangoMarkup_OneLine(benchmark::State& state) {
-  pangoLayoutAndPaint(state, kOneLinePango, 400, 20, false);
-}
+void BM_PangoMarkup_OneLine(benchmark::State& state) { pangoLayoutAndPaint(state, kOneLinePango, 400, 20, false); }
 BENCHMARK(BM_PangoMarkup_OneLine);
 
 void BM_DrawLabel_2KB_WordWrap(benchmark::State& state) {
