@@ -198,5 +198,51 @@ TEST_F(HtmlLayoutTest, FrozenViewParsesButLaysNothingOut) {
   EXPECT_EQ(text("ab").Right, 4 + tw("ab"));
 }
 
+TEST_F(HtmlLayoutTest, LinkBoxStartsAtItsFirstPrintedWord) {
+  view->setEnableAnchors(true);
+  view->setText("xx <A HREF=\"u\">ab</A> yy");
+  const int32_t LH = lh();
+  const HtmlChunk& a = tag(html::TagAnchor);
+  // The gap before the link is passed unprinted, so the box begins behind it.
+  EXPECT_EQ(a.Left, 4 + tw("xx") + tw(" "));
+  EXPECT_EQ(a.Right, 4 + tw("xx") + tw(" ") + tw("ab"));
+  EXPECT_EQ(a.Bottom, LH + 4 + 4);
+}
+
+TEST_F(HtmlLayoutTest, RuleInACellRunsBetweenTheCellsLimits) {
+  view->setText("<TABLE BORDER=0 CELLSPACING=0 CELLPADDING=0 WIDTH=100><TR><TD><HR></TD></TR></TABLE>");
+  // The cell's margins are 4 and 4 + 100; the rule ends DefaultPadding before the right one.
+  HDC dc = page().hdc();
+  EXPECT_EQ(gdi().GetPixel(dc, 4, 4), 0u);
+  EXPECT_EQ(gdi().GetPixel(dc, 98, 4), 0u);
+  EXPECT_NE(gdi().GetPixel(dc, 102, 4), 0u);
+  EXPECT_NE(gdi().GetPixel(dc, 150, 4), 0u);
+}
+
+TEST_F(HtmlLayoutTest, ListsDeeperThanTheCountersKeepIndentingWithoutNumbers) {
+  std::string page;
+  for (int n = 0; n < 18; ++n) page += "<OL>";
+  page += "<LI>deep";
+  view->setText(page);
+  const HtmlChunk& item = tag(html::TagListItem);
+  // Level 18 lies beyond the 17 counters: the item loses its number, the indentation grows on.
+  EXPECT_EQ(item.IsNumbered, 0);
+  EXPECT_EQ(item.IndentX, 18 * ind());
+}
+
+TEST_F(HtmlLayoutTest, TablesBeyondTheLimitsAndStrayCellsAreSkipped) {
+  std::string nested;
+  for (int n = 0; n < 18; ++n) nested += "<TABLE><TR><TD>";
+  nested += "core";
+  std::string wide = "<TABLE><TR>";
+  for (int n = 0; n < 20; ++n) wide += "<TD>c" + std::to_string(n) + "</TD>";
+  wide += "</TR></TABLE>";
+  for (const std::string& page : {nested, wide, std::string("<TD>lost</TD></TR></TABLE><P>after")}) {
+    view->setText(page);
+    EXPECT_GT(view->mDocHeight(), 0);
+  }
+  EXPECT_EQ(text("after").Left, 4);
+}
+
 }  // namespace
 }  // namespace corvane
