@@ -99,5 +99,14 @@ TEST_F(HtmlTableLayoutTest, NestedTableIsShiftedByItsOwnPadding) {
   EXPECT_EQ(text("x").Right, 21 + static_cast<int32_t>(page().TextWidth("x")));
 }
 
+TEST_F(HtmlTableLayoutTest, NextCellStartsAtThePreviousCellsRightEdge) {
+  view->setText(
+      "<TABLE BORDER=0 CELLSPACING=0 CELLPADDING=0 WIDTH=100><TR><TD>a</TD><TD>b</TD></TR></TABLE>");
+  // Two columns of 50: the first cell ends at 4 + 50, where the second one's text begins.
+  EXPECT_EQ(tag(html::TagCell, 0).LayoutWidth, 50);
+  EXPECT_EQ(text("a").Left, 4);
+  EXPECT_EQ(text("b").Left, 54);
+}
+
 }  // namespace
 }  // namespace corvane
