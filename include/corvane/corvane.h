@@ -66,6 +66,7 @@
 #include <corvane/html/html_decode.h>
 #include <corvane/html/html_document.h>
 #include <corvane/html/html_dump.h>
+#include <corvane/html/html_layout.h>
 #include <corvane/html/html_source.h>
 #include <corvane/html/html_tag_reader.h>
 #include <corvane/html/html_tags.h>

@@ -1,12 +1,275 @@
 // SPDX-License-Identifier: MIT
+#include <corvane/containers/vex_pane.h>
+#include <corvane/frame/gradient.h>
+#include <corvane/host/extender.h>
+#include <corvane/host/picture_box.h>
+#include <corvane/host/screen.h>
+#include <corvane/host/scroll_bar.h>
 #include <corvane/html/html_tree.h>
 #include <corvane/html/vex_html.h>
+#include <corvane/platform/api.h>
+#include <corvane/runtime/checked.h>
 
 namespace corvane {
 
 namespace {
 constexpr OLE_COLOR kDefaultBackColor = static_cast<OLE_COLOR>(0x8000000F);
+
+constexpr int32_t kBarPixels = 17;
+
+// A child sited by the view itself: it is not among the host's contained controls.
+template <class T>
+std::shared_ptr<T> ownChild(HostedControl& owner, const std::string& name, int32_t width, int32_t height,
+                            std::shared_ptr<T> child = std::make_shared<T>()) {
+  ControlSite site;
+  site.name = name;
+  site.container = &owner;
+  site.extender = std::make_shared<Extender>(*child);
+  child->site(std::move(site), owner.surface().hWnd(), 0, 0, std::max(1, width), std::max(1, height));
+  return child;
+}
+std::shared_ptr<PictureBox> ownPicture(HostedControl& owner, const std::string& name) {
+  auto picture =
+      ownChild<PictureBox>(owner, name, owner.surface().pixelWidth(), owner.surface().pixelHeight());
+  picture->surface().setScaleMode(Surface::Pixels);
+  return picture;
+}
+std::string barTwipsText(bool vertical) {
+  const float tpp = vertical ? Screen::instance().TwipsPerPixelX() : Screen::instance().TwipsPerPixelY();
+  return std::to_string(CLng(kBarPixels * tpp));
+}
+float tagValue(const std::string& tag) { return static_cast<float>(std::stod(tag)); }
 }  // namespace
+
+VexHTML::~VexHTML() { Terminate(); }
+
+void VexHTML::Initialize() {
+  m_picHTML = ownPicture(*this, "picHTML");
+  m_picHTML->surface().setAutoRedraw(true);
+  m_picViewPort = ownPicture(*this, "picViewPort");
+  m_picViewPort->surface().setBackColor(static_cast<OLE_COLOR>(0x80000005));
+  m_picViewPort->surface().Paint.connect([this] { mPaintViewport(); });
+  user().ShowWindow(m_picViewPort->surface().hWnd(), SW_SHOWNOACTIVATE);
+  m_panV = ownChild<VexPane>(*this, "panV", kBarPixels, 100);
+  m_panH = ownChild<VexPane>(*this, "panH", 100, kBarPixels);
+  m_vscScroll = ownChild<ScrollBar>(*m_panV, "vscScroll", kBarPixels, 100, std::make_shared<ScrollBar>(true));
+  m_hscScroll =
+      ownChild<ScrollBar>(*m_panH, "hscScroll", 100, kBarPixels, std::make_shared<ScrollBar>(false));
+  m_FocusWeg = ownChild<PictureBox>(*this, "FocusWeg", 1, 1);
+  m_FocusWeg->extenderRef()->Move(-1500, -1500);
+  user().ShowWindow(m_FocusWeg->surface().hWnd(), SW_SHOWNOACTIVATE);
+  for (ScrollBar* bar : {m_vscScroll.get(), m_hscScroll.get()}) {
+    bar->setMin(0);
+    bar->setSmallChange(10);
+    user().ShowWindow(bar->surface().hWnd(), SW_SHOWNOACTIVATE);
+    bar->Change.connect([this] {
+      if (m_Document.mChunkCount > 0) mPaintViewport();
+    });
+    bar->Scroll.connect([this] {
+      if (m_Document.mChunkCount > 0) mPaintViewport();
+    });
+    bar->GotFocus.connect([this] { guarded([&] { user().SetFocus(m_FocusWeg->surface().hWnd()); }); });
+  }
+}
+
+void VexHTML::Terminate() {
+  for (auto* bar : {&m_vscScroll, &m_hscScroll})
+    if (*bar) (*bar)->unsite();
+  for (auto* pane : {&m_panV, &m_panH})
+    if (*pane) (*pane)->unsite();
+  if (m_FocusWeg) m_FocusWeg->unsite();
+  if (m_picViewPort) m_picViewPort->unsite();
+  if (m_picHTML) m_picHTML->unsite();
+  m_picViewPort.reset();
+  m_picHTML.reset();
+}
+
+void VexHTML::onResize() { Refresh(false); }
+
+// ---- painting ----
+
+void VexHTML::Refresh(bool PaintOnly) {
+  if (m_FreezeUpdates || !m_picHTML || !m_picViewPort) return;
+  Surface& view = m_picViewPort->surface();
+  // Each round can only show a bar, so a few rounds settle any page.
+  for (int round = 0; round < 4; ++round) {
+    if (!PaintOnly) guarded([&] { mArrange(); });
+    if (m_Document.mChunkCount > 0) {
+      Surface& page = m_picHTML->surface();
+      page.setAutoRedraw(false);
+      mRender(false);
+      guarded([&] {
+        if (view.ScaleHeight() < m_DocHeight)
+          m_picHTML->extenderRef()->setHeight(static_cast<float>(m_DocHeight) *
+                                              Screen::instance().TwipsPerPixelY());
+      });
+      guarded([&] {
+        if (view.ScaleWidth() < m_DocWidth)
+          m_picHTML->extenderRef()->setWidth(static_cast<float>(m_DocWidth) *
+                                             Screen::instance().TwipsPerPixelX());
+      });
+      page.setAutoRedraw(true);
+      mRender(true);
+      mRender(false);
+    }
+    if (m_layout.EnableScroll == 0) break;
+    const bool vWas = m_panV->extenderRef()->Visible(), hWas = m_panH->extenderRef()->Visible();
+    ScrollBar& v = *m_vscScroll;
+    ScrollBar& h = *m_hscScroll;
+    guarded([&] { v.setMax(m_Document.mChunkCount > 0 ? CInt(m_DocHeight - view.ScaleHeight()) : 0); });
+    guarded([&] { h.setMax(m_Document.mChunkCount > 0 ? CInt(m_DocWidth - view.ScaleWidth()) : 0); });
+    guarded([&] { h.setLargeChange(CInt(view.ScaleWidth())); });
+    auto settle = [&](ScrollBar& bar, VexPane& pane, std::string& tag, float extent) {
+      if (tag == "-1") return;
+      guarded([&] { bar.setLargeChange(CInt(extent)); });
+      if (bar.Max() >= 1) {
+        tag = "255";
+        guarded([&] { bar.setValue(0); });
+        pane.extenderRef()->setVisible(true);
+      } else {
+        pane.extenderRef()->setVisible(false);
+        guarded([&] { bar.setMax(0); });
+        guarded([&] { bar.setValue(0); });
+        tag = "0";
+      }
+    };
+    settle(v, *m_panV, m_panVTag, view.ScaleHeight());
+    settle(h, *m_panH, m_panHTag, view.ScaleWidth());
+    if (vWas == m_panV->extenderRef()->Visible() && hWas == m_panH->extenderRef()->Visible()) break;
+  }
+  mPaintViewport();
+}
+
+void VexHTML::mArrange() {
+  const float w = surface().ScaleX(surface().ScaleWidth(), -1, 1);
+  const float h = surface().ScaleY(surface().ScaleHeight(), -1, 1);
+  if (m_layout.EnableScroll != 0) {
+    // The panes are docked along the right and the bottom edge.
+    const float vThick = std::max(0.0f, tagValue(m_panVTag)), hThick = std::max(0.0f, tagValue(m_panHTag));
+    guarded([&] {
+      m_panV->extenderRef()->Move(w - vThick, 0, std::max(vThick, 15.0f), std::max(h - hThick, 15.0f));
+    });
+    guarded([&] { m_panH->extenderRef()->Move(0, h - hThick, std::max(w, 15.0f), std::max(hThick, 15.0f)); });
+    guarded(
+        [&] { m_vscScroll->extenderRef()->Move(0, 0, std::max(vThick, 15.0f), m_panV->surface().Height()); });
+    guarded([&] {
+      m_hscScroll->extenderRef()->Move(0, 0, std::max(m_panH->surface().Width() - tagValue(m_panVTag), 15.0f),
+                                       std::max(hThick, 15.0f));
+    });
+    const float vw = w - tagValue(m_panVTag), vh = h - tagValue(m_panHTag);
+    guarded([&] { m_picViewPort->extenderRef()->Move(0, 0, vw, vh); });
+    guarded([&] { m_picHTML->extenderRef()->Move(0, 0, vw, vh); });
+  } else {
+    guarded([&] { m_picHTML->extenderRef()->Move(0, 0, w, h); });
+    guarded([&] { m_picViewPort->extenderRef()->Move(0, 0, w, h); });
+  }
+}
+
+void VexHTML::mRender(bool final) {
+  if (!m_picHTML || !m_picViewPort) return;
+  Surface& page = m_picHTML->surface();
+  if (m_Gradient) {
+    page.Cls();
+    guarded([&] {
+      CGradient gradient;
+      gradient.setAngle(m_GradientAngle);
+      gradient.setColor1(m_Document.view.BackColor);
+      gradient.setColor2(m_BackColor2);
+      gradient.DrawGradient(page.hdc(), page.pixelWidth(), page.pixelHeight());
+    });
+  } else if (!guarded([&] { page.setBackColor(m_Document.mBodyColor); })) {
+    // Setting the page colour clears the page in it; a colour it refuses leaves the plain clear.
+    page.Cls();
+  }
+  html::HtmlLayoutSettings settings = m_layout;
+  settings.ViewportWidth = static_cast<int32_t>(m_picViewPort->surface().ScaleWidth());
+  settings.ViewportHeight = static_cast<int32_t>(m_picViewPort->surface().ScaleHeight());
+  html::HtmlLayout layout(m_Document, page, m_Images, settings,
+                          [this](std::string& source, PictureRef& image) { LoadImage(source, image); });
+  layout.mDocWidth = m_DocWidth;
+  guarded([&] { layout.mRender(final); });
+  m_DocWidth = layout.mDocWidth;
+  m_DocHeight = layout.mDocHeight;
+}
+
+void VexHTML::mPaintViewport() {
+  if (!m_picHTML || !m_picViewPort) return;
+  guarded([&] {
+    Surface& view = m_picViewPort->surface();
+    gdi().BitBlt(view.hdc(), 0, 0, CLng(view.ScaleWidth()), CLng(view.ScaleHeight()),
+                 m_picHTML->surface().hdc(), m_hscScroll ? m_hscScroll->Value() : 0,
+                 m_vscScroll ? m_vscScroll->Value() : 0, SRCCOPY);
+  });
+}
+
+void VexHTML::setEnableScroll(int16_t value) {
+  m_layout.EnableScroll = value;
+  PropertyChanged("EnableScroll");
+  if (m_panV && m_panH) {
+    const bool vertical = value == 1 || value == 3, horizontal = value == 2 || value == 3;
+    m_panV->extenderRef()->setVisible(vertical);
+    m_panVTag = vertical ? barTwipsText(true) : "-1";
+    m_panH->extenderRef()->setVisible(horizontal);
+    m_panHTag = horizontal ? barTwipsText(false) : "-1";
+  }
+  Refresh(false);
+}
+
+void VexHTML::setGradient(bool value) {
+  m_Gradient = value;
+  PropertyChanged("Gradient");
+  Refresh(false);
+}
+
+void VexHTML::setGradientAngle(float value) {
+  m_GradientAngle = value;
+  PropertyChanged("GradientAngle");
+  if (m_Gradient) Refresh(false);
+}
+
+void VexHTML::setBackColor2(OLE_COLOR value) {
+  m_BackColor2 = value;
+  PropertyChanged("BackColor2");
+  if (m_Gradient) Refresh(false);
+}
+
+void VexHTML::setAppearance(int16_t value) {
+  const OLE_COLOR back = m_Document.view.BackColor;
+  m_Appearance = value;
+  m_Document.view.BackColor = back;
+  PropertyChanged("Appearance");
+  Refresh(false);
+}
+
+void VexHTML::setBorderStyle(int16_t value) {
+  m_BorderStyle = value;
+  PropertyChanged("BorderStyle");
+  Refresh(false);
+}
+
+void VexHTML::setFreezeUpdates(bool value) {
+  m_FreezeUpdates = value;
+  PropertyChanged("FreezeUpdates");
+  if (!value) Refresh(false);
+}
+
+void VexHTML::setDefaultPadding(int16_t value) {
+  m_layout.DefaultPadding = value;
+  PropertyChanged("DefaultPadding");
+  Refresh(false);
+}
+
+void VexHTML::setDefaultSpacing(int16_t value) {
+  m_layout.DefaultSpacing = value;
+  PropertyChanged("DefaultSpacing");
+  Refresh(false);
+}
+
+void VexHTML::setLinkColor(OLE_COLOR value) {
+  m_layout.LinkColor = value;
+  PropertyChanged("LinkColor");
+  if (!m_Document.mText.empty()) Refresh(false);
+}
 
 // ---- properties ----
 
@@ -15,6 +278,7 @@ void VexHTML::setText(const std::string& value) {
   m_Document.normalise(value);
   PropertyChanged("Text");
   m_Document.parse();
+  Refresh(false);
 }
 
 void VexHTML::setDefaultFontName(const std::string& value) {
@@ -36,9 +300,16 @@ void VexHTML::setBackColor(OLE_COLOR value) {
   m_Document.view.BackColor = value;
   // The page colour follows, unless the page's BODY carries its own (which BODY never flags).
   const int16_t body = m_Document.mBodyIndex;
-  bool bodyHasColour = body >= 0 && body <= m_Document.upperBound() && m_Document.chunk(body).HasBgColor;
-  if (!bodyHasColour) m_Document.mBodyColor = value;
+  const bool noChunks = m_Document.mChunkCount == 0;
+  bool bodyHasColour =
+      !noChunks && body >= 0 && body <= m_Document.upperBound() && m_Document.chunk(body).HasBgColor;
+  if (!bodyHasColour) {
+    m_Document.mBodyColor = value;
+    if (m_picHTML) guarded([&] { m_picHTML->surface().setBackColor(value); });
+    if (noChunks) mPaintViewport();
+  }
   PropertyChanged("BackColor");
+  Refresh(false);
 }
 
 void VexHTML::setEnableAnchors(bool value) {
@@ -84,6 +355,23 @@ const Dispatch* VexHTML::dispatch() const {
         .prop("DefaultTextColor", &VexHTML::DefaultTextColor, &VexHTML::setDefaultTextColor)
         .prop("BackColor", &VexHTML::BackColor, &VexHTML::setBackColor)
         .prop("EnableAnchors", &VexHTML::EnableAnchors, &VexHTML::setEnableAnchors)
+        .prop("DefaultPadding", &VexHTML::DefaultPadding, &VexHTML::setDefaultPadding)
+        .prop("DefaultSpacing", &VexHTML::DefaultSpacing, &VexHTML::setDefaultSpacing)
+        .prop("LinkColor", &VexHTML::LinkColor, &VexHTML::setLinkColor)
+        .prop("LinkHoverColor", &VexHTML::LinkHoverColor, &VexHTML::setLinkHoverColor)
+        .prop("UnderlineLinks", &VexHTML::UnderlineLinks, &VexHTML::setUnderlineLinks)
+        .prop("EnableScroll", &VexHTML::EnableScroll, &VexHTML::setEnableScroll)
+        .prop("Gradient", &VexHTML::Gradient, &VexHTML::setGradient)
+        .prop("GradientAngle", &VexHTML::GradientAngle, &VexHTML::setGradientAngle)
+        .prop("BackColor2", &VexHTML::BackColor2, &VexHTML::setBackColor2)
+        .prop("Appearance", &VexHTML::Appearance, &VexHTML::setAppearance)
+        .prop("BorderStyle", &VexHTML::BorderStyle, &VexHTML::setBorderStyle)
+        .prop("FreezeUpdates", &VexHTML::FreezeUpdates, &VexHTML::setFreezeUpdates)
+        .method("Refresh",
+                [](VexHTML& v, Dispatch::Args& a) {
+                  v.Refresh(!a.empty() && a.at(0).toBool());
+                  return Variant();
+                })
         .method("mstrTagID", [](VexHTML& v, Dispatch::Args& a) { return v.mstrTagID(a.at(0).toString()); })
         .method("mintExtractTagAttributes",
                 [](VexHTML& v, Dispatch::Args& a) { return v.mintExtractTagAttributes(a.at(0).toString()); })
