@@ -151,6 +151,9 @@ class DesktopGdi : public GdiApi {
   HDC addDc(std::unique_ptr<DcState> state);
   void removeDc(HDC hdc);
   void selectDefaults(DcState& state);
+  // The stock font is made when text is first measured or printed with it, not before.
+  const std::shared_ptr<TextFont>& stockTextFont();
+  TextFont& textFont(DcState& state);  // the context's font, the stock one made if need be
   Canvas* target(const DcState& state);
   void drawn(const DcState& state);
   bool brushColour(const DcState& state, HBRUSH brush, COLORREF& colour);
