@@ -34,6 +34,7 @@ class FontCache {
 
   // The installed family that draws a face name.
   std::string familyFor(const std::string& name);
+  bool familiesListed() const { return m_listed; }  // for tests: the list is made when first needed
 
  private:
   struct SpecHash {
