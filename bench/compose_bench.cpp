@@ -3,6 +3,7 @@
 // needs them) composed by themselves against composing the whole screen and cutting them out,
 // and the screen brought up to date after one window was drawn on against composing it afresh.
 #include <benchmark/benchmark.h>
+#include <corvane/platform/platform.h>
 
 #include <memory>
 #include <vector>
@@ -10,7 +11,6 @@
 #include "desktop/desktop.h"
 #include "desktop/gdi.h"
 #include "desktop/screen_composer.h"
-#include <corvane/platform/platform.h>
 
 using namespace corvane;
 
@@ -28,7 +28,8 @@ struct ComposeRig {
     WindowManager& wm = desktop.windows();
     WNDPROC proc = wm.RegisterWindowProc([](HWND, int32_t, WPARAM, LPARAM) { return LRESULT{0}; });
     for (int i = 0; i < 40; ++i)
-      windows.push_back(wm.CreateWindowExA(0, "Bench", "", WS_VISIBLE, (i % 8) * 230, (i / 8) * 200, 300, 260, 0, proc));
+      windows.push_back(
+          wm.CreateWindowExA(0, "Bench", "", WS_VISIBLE, (i % 8) * 230, (i / 8) * 200, 300, 260, 0, proc));
     desktop.screen();
   }
   void drawOn(HWND h) {

@@ -26,18 +26,21 @@ int main() {
   pango_font_description_set_absolute_size(font, 13 * PANGO_SCALE);
   pango_layout_set_font_description(layout, font);
   pango_font_description_free(font);
-  pango_layout_set_markup(layout, "<b>Fett</b> und <span foreground=\"#FF0000\">rot</span> und <i>kursiv</i>", -1);
+  pango_layout_set_markup(layout, "<b>Fett</b> und <span foreground=\"#FF0000\">rot</span> und <i>kursiv</i>",
+                          -1);
   cairo_set_source_rgb(cr, 0, 0, 0);
   cairo_move_to(cr, 0, 0);
   pango_cairo_show_layout(cr, layout);
   cairo_surface_flush(surface);
-  long pixel = static_cast<long>(reinterpret_cast<const unsigned*>(cairo_image_surface_get_data(surface))[2 * 400 + 2]);
+  long pixel = static_cast<long>(
+      reinterpret_cast<const unsigned*>(cairo_image_surface_get_data(surface))[2 * 400 + 2]);
   auto end = std::chrono::steady_clock::now();
   rusage usage{};
   getrusage(RUSAGE_SELF, &usage);
-  std::printf("pango main_us=%lld maxrss_kb=%ld pixel=%ld\n",
-              static_cast<long long>(std::chrono::duration_cast<std::chrono::microseconds>(end - start).count()),
-              usage.ru_maxrss, pixel);
+  std::printf(
+      "pango main_us=%lld maxrss_kb=%ld pixel=%ld\n",
+      static_cast<long long>(std::chrono::duration_cast<std::chrono::microseconds>(end - start).count()),
+      usage.ru_maxrss, pixel);
   g_object_unref(layout);
   cairo_destroy(cr);
   cairo_surface_destroy(surface);

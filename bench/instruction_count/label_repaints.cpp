@@ -3,6 +3,9 @@
 // counts under callgrind: run it with two counts and divide the difference of the totals by the
 // difference of the counts, so that the set-up cancels out.
 //   label_repaints label-line|label-2kb|pango-line|pango-2kb COUNT
+#include <corvane/host/form.h>
+#include <corvane/platform/platform.h>
+#include <corvane/widgets/vex_color_label.h>
 #include <pango/pangocairo.h>
 
 #include <cstdio>
@@ -11,9 +14,6 @@
 #include <string>
 
 #include "desktop/desktop.h"
-#include <corvane/host/form.h>
-#include <corvane/platform/platform.h>
-#include <corvane/widgets/vex_color_label.h>
 
 using namespace corvane;
 
@@ -26,7 +26,9 @@ std::pair<std::string, std::string> caption(bool longOne) {
   std::string ours, pango;
   for (int i = 0; ours.size() < 2048; ++i) {
     ours += "Der <b>schnelle</b> braune <i>Fuchs</i> springt <c&HFF>ueber</c> den <u>faulen</u> Hund. ";
-    pango += "Der <b>schnelle</b> braune <i>Fuchs</i> springt <span foreground=\"#FF0000\">ueber</span> den <u>faulen</u> Hund. ";
+    pango +=
+        "Der <b>schnelle</b> braune <i>Fuchs</i> springt <span foreground=\"#FF0000\">ueber</span> den "
+        "<u>faulen</u> Hund. ";
     if (i % 4 == 3) {
       ours += "<br>";
       pango += "\n";
@@ -96,10 +98,15 @@ int main(int argc, char** argv) {
   }
   const std::string mode = argv[1];
   const long count = std::strtol(argv[2], nullptr, 10);
-  if (mode == "label-line") label(false, count);
-  else if (mode == "label-2kb") label(true, count);
-  else if (mode == "pango-line") pango(false, count);
-  else if (mode == "pango-2kb") pango(true, count);
-  else return 2;
+  if (mode == "label-line")
+    label(false, count);
+  else if (mode == "label-2kb")
+    label(true, count);
+  else if (mode == "pango-line")
+    pango(false, count);
+  else if (mode == "pango-2kb")
+    pango(true, count);
+  else
+    return 2;
   return 0;
 }

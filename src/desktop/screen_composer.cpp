@@ -37,8 +37,8 @@ void ScreenComposer::update(Canvas& screen, COLORREF desktopColour) {
   for (HWND h : tops) contents.push_back(contentVersion(h));
   std::vector<int64_t> now = layout();
   // Something drawn on the screen itself is covered again, as a fresh composition would.
-  const bool whole = m_screen != &screen || screen.version() != m_screenVersion || desktopColour != m_colour ||
-                     now != m_layout || contents.size() != m_contents.size();
+  const bool whole = m_screen != &screen || screen.version() != m_screenVersion ||
+                     desktopColour != m_colour || now != m_layout || contents.size() != m_contents.size();
   if (whole) {
     m_windows.compose(screen, desktopColour);
   } else {
@@ -61,13 +61,14 @@ void ScreenComposer::update(Canvas& screen, COLORREF desktopColour) {
   m_contents = std::move(contents);
 }
 
-bool ScreenComposer::composePart(const RECT& rect, int32_t screenWidth, int32_t screenHeight, COLORREF desktopColour,
-                                 Canvas& out) {
+bool ScreenComposer::composePart(const RECT& rect, int32_t screenWidth, int32_t screenHeight,
+                                 COLORREF desktopColour, Canvas& out) {
   if (!out.resize(std::max(rect.Right - rect.Left, 0), std::max(rect.Bottom - rect.Top, 0), 0)) return false;
   out.flush();
   out.fill(0);
   RECT onScreen{std::max(rect.Left, 0) - rect.Left, std::max(rect.Top, 0) - rect.Top,
-                std::min(rect.Right, screenWidth) - rect.Left, std::min(rect.Bottom, screenHeight) - rect.Top};
+                std::min(rect.Right, screenWidth) - rect.Left,
+                std::min(rect.Bottom, screenHeight) - rect.Top};
   out.fillRect(onScreen.Left, onScreen.Top, onScreen.Right, onScreen.Bottom, desktopColour);
   m_windows.composeArea(out, rect.Left, rect.Top, onScreen);
   out.markDirty();

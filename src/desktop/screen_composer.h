@@ -19,7 +19,8 @@ class ScreenComposer {
   void update(Canvas& screen, COLORREF desktopColour);
   // The part of the screen under rect (screen coordinates) as the screen shows it, composed into
   // out (made rect's size) without composing the screen; pixels beyond the screen are black.
-  bool composePart(const RECT& rect, int32_t screenWidth, int32_t screenHeight, COLORREF desktopColour, Canvas& out);
+  bool composePart(const RECT& rect, int32_t screenWidth, int32_t screenHeight, COLORREF desktopColour,
+                   Canvas& out);
 
  private:
   // What decides how the windows are laid over one another, in composition order.

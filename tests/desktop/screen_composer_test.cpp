@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/screen_composer.h"
 
-#include <gtest/gtest.h>
-
 #include <cairo.h>
+#include <gtest/gtest.h>
 
 #include <cstdio>
 #include <filesystem>
@@ -79,7 +78,8 @@ TEST_F(ScreenComposerTest, SavingOneWindowComposesOnlyTheWindowsOverIt) {
   ASSERT_EQ(part.width(), 40);
   ASSERT_EQ(part.height(), 40);
   for (int32_t y = 0; y < 40; ++y)
-    for (int32_t x = 0; x < 40; ++x) ASSERT_EQ(part.pixel(x, y), screenPixel(10 + x, 10 + y)) << x << "," << y;
+    for (int32_t x = 0; x < 40; ++x)
+      ASSERT_EQ(part.pixel(x, y), screenPixel(10 + x, 10 + y)) << x << "," << y;
   EXPECT_EQ(part.pixel(5, 5), 0x00FF00);
   EXPECT_EQ(part.pixel(35, 35), 0xFF0000);
   std::remove(path.string().c_str());

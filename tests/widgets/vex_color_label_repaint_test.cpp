@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include <corvane/host/extender.h>
 #include <gtest/gtest.h>
 
-#include <corvane/host/extender.h>
 #include "support/label_fixture.h"
 
 namespace corvane {
