@@ -28,6 +28,7 @@ Canvas::Canvas(cairo_surface_t* adopt) : m_surface(adopt) { attach(); }
 Canvas::~Canvas() { cairo_surface_destroy(m_surface); }
 
 void Canvas::column(int32_t x, int32_t top, int32_t bottom, uint32_t argb) {
+  ++m_version;
   const bool sameRows = top == m_columnsTop && bottom == m_columnsBottom;
   if (m_columnsLeft < m_columnsRight && !(sameRows && (x == m_columnsRight || x == m_columnsLeft - 1))) settle();
   if (m_columnsLeft >= m_columnsRight) {
@@ -64,6 +65,7 @@ bool Canvas::resize(int32_t width, int32_t height, COLORREF fillColour) {
   width = std::max(width, 0);
   height = std::max(height, 0);
   if (width == m_width && height == m_height) return true;
+  ++m_version;
   cairo_surface_t* next = createImage(width, height);
   if (!next) return false;
   settle();

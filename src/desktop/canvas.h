@@ -22,10 +22,17 @@ class Canvas {
 
   int32_t width() const { return m_width; }
   int32_t height() const { return m_height; }
-  cairo_surface_t* surface() const {
+  cairo_surface_t* surface() const {  // for drawing: counts as a change
+    settle();
+    ++m_version;
+    return m_surface;
+  }
+  cairo_surface_t* readSurface() const {  // for reading only, as when saving
     settle();
     return m_surface;
   }
+  // Goes up with every call that can change the pixels, so that a copy of them knows it is stale.
+  uint64_t version() const { return m_version; }
 
   // Changes the size, keeping the pixels at the top left; new pixels get the fill colour. When an
   // image of the new size cannot be made, the canvas stays as it was and the result is false.
@@ -35,6 +42,7 @@ class Canvas {
   bool contains(int32_t x, int32_t y) const { return x >= 0 && y >= 0 && x < m_width && y < m_height; }
   uint32_t* row(int32_t y) {
     settle();
+    ++m_version;
     return reinterpret_cast<uint32_t*>(m_data + static_cast<size_t>(y) * m_stride);
   }
   const uint32_t* row(int32_t y) const {
@@ -72,6 +80,7 @@ class Canvas {
 
   // Gathered columns: m_columnColours[x] for x in [m_columnsLeft, m_columnsRight), rows
   // [m_columnsTop, m_columnsBottom). Written by settle() before any other use of the pixels.
+  mutable uint64_t m_version = 0;
   mutable int32_t m_columnsLeft = 0, m_columnsRight = 0, m_columnsTop = 0, m_columnsBottom = 0;
   std::vector<uint32_t> m_columnColours;
   cairo_surface_t* m_surface = nullptr;

@@ -61,6 +61,7 @@ Desktop::Desktop(Options options)
                                     : std::make_unique<WindowManager>(m_clock, options.width, options.height)),
       m_gdi(std::make_unique<DesktopGdi>(*m_windows)),
       m_screen(std::make_unique<Canvas>(options.width, options.height, options.desktopColour)),
+      m_composer(std::make_unique<ScreenComposer>(*m_windows)),
       m_registry(std::make_unique<DesktopRegistry>(*m_gdi)),
       m_appPath(executableFolder()),
       m_appName(executableName()),
@@ -99,7 +100,7 @@ void Desktop::doubleClick(int32_t x, int32_t y) {
 }
 
 Canvas& Desktop::screen() {
-  m_windows->compose(*m_screen, m_options.desktopColour);
+  m_composer->update(*m_screen, m_options.desktopColour);
   return *m_screen;
 }
 
@@ -107,22 +108,19 @@ bool Desktop::savePng(const std::string& path) {
   std::error_code ec;
   auto parent = std::filesystem::path(path).parent_path();
   if (!parent.empty()) std::filesystem::create_directories(parent, ec);
-  return cairo_surface_write_to_png(screen().surface(), path.c_str()) == CAIRO_STATUS_SUCCESS;
+  return cairo_surface_write_to_png(screen().readSurface(), path.c_str()) == CAIRO_STATUS_SUCCESS;
 }
 
 bool Desktop::saveWindowPng(HWND hWnd, const std::string& path) {
   RECT r;
   if (!m_windows->GetWindowRect(hWnd, r)) return false;
-  Canvas& s = screen();
+  // Only the windows over this rectangle are composed, not the whole screen.
   Canvas part(r.Right - r.Left, r.Bottom - r.Top, 0);
-  cairo_t* cr = cairo_create(part.surface());
-  cairo_set_source_surface(cr, s.surface(), -r.Left, -r.Top);
-  cairo_paint(cr);
-  cairo_destroy(cr);
+  if (!m_composer->composePart(r, m_screen->width(), m_screen->height(), m_options.desktopColour, part)) return false;
   std::error_code ec;
   auto parent = std::filesystem::path(path).parent_path();
   if (!parent.empty()) std::filesystem::create_directories(parent, ec);
-  return cairo_surface_write_to_png(part.surface(), path.c_str()) == CAIRO_STATUS_SUCCESS;
+  return cairo_surface_write_to_png(part.readSurface(), path.c_str()) == CAIRO_STATUS_SUCCESS;
 }
 
 bool Desktop::GetVersionExA(OSVERSIONINFO& info) {

@@ -9,6 +9,7 @@
 #include "desktop/clock.h"
 #include "desktop/system_facts.h"
 #include "desktop/desktop_registry.h"
+#include "desktop/screen_composer.h"
 #include "desktop/window_manager.h"
 #include <corvane/platform/platform.h>
 
@@ -60,8 +61,10 @@ class Desktop : public Platform, public SystemApi {
   void doubleClick(int32_t x, int32_t y);  // two clicks within the double-click time
   void advance(int64_t ms) { m_windows->advance(ms); }
 
-  // The composed screen, brought up to date.
+  // The composed screen, brought up to date from the windows that changed.
   Canvas& screen();
+  // Windows composed into an image so far (the screen or a saved window's part), for tests.
+  uint64_t windowsComposed() const { return m_windows->windowsComposed(); }
   // Saves the screen, or the part a window covers, as PNG; false on failure.
   bool savePng(const std::string& path);
   bool saveWindowPng(HWND hWnd, const std::string& path);
@@ -100,6 +103,7 @@ class Desktop : public Platform, public SystemApi {
   std::unique_ptr<WindowManager> m_windows;
   std::unique_ptr<DesktopGdi> m_gdi;
   std::unique_ptr<Canvas> m_screen;
+  std::unique_ptr<ScreenComposer> m_composer;
   std::unique_ptr<DesktopRegistry> m_registry;
   std::string m_appPath, m_appName;
   OSVERSIONINFO m_version;

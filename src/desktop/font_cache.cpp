@@ -42,12 +42,19 @@ FontCache::FontCache()
   cairo_font_options_destroy(options);
   pango_context_set_round_glyph_positions(m_context, TRUE);
   pango_context_set_language(m_context, pango_language_from_string("en-us"));
+}
 
-  PangoFontFamily** families = nullptr;
-  int count = 0;
-  pango_font_map_list_families(m_fontMap, &families, &count);
-  for (int i = 0; i < count; ++i) m_installed.insert(lower(pango_font_family_get_name(families[i])));
-  g_free(families);
+const std::set<std::string>& FontCache::installed() {
+  // Listed when a face name first needs it: a process that only uses substituted faces never does.
+  if (!m_listed) {
+    m_listed = true;
+    PangoFontFamily** families = nullptr;
+    int count = 0;
+    pango_font_map_list_families(m_fontMap, &families, &count);
+    for (int i = 0; i < count; ++i) m_installed.insert(lower(pango_font_family_get_name(families[i])));
+    g_free(families);
+  }
+  return m_installed;
 }
 
 FontCache& FontCache::shared() {
@@ -64,7 +71,7 @@ FontCache::~FontCache() {
 
 std::string FontCache::familyFor(const std::string& name) {
   if (auto face = FontSubstitution::resolve(name)) return face->family;
-  return m_installed.count(lower(name)) ? name : FontSubstitution::kFallbackFamily;
+  return installed().count(lower(name)) ? name : FontSubstitution::kFallbackFamily;
 }
 
 std::shared_ptr<TextFont> FontCache::font(const FontSpec& desc, int32_t pixelsPerInch) {

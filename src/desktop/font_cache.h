@@ -34,6 +34,7 @@ class FontCache {
 
   // The installed family that draws a face name.
   std::string familyFor(const std::string& name);
+  bool familiesListed() const { return m_listed; }  // for tests: the list is made when first needed
 
  private:
   struct SpecHash {
@@ -41,7 +42,9 @@ class FontCache {
   };
   PangoFontMap* m_fontMap;
   PangoContext* m_context;
-  std::set<std::string> m_installed;  // installed family names, lower case
+  const std::set<std::string>& installed();
+  std::set<std::string> m_installed;  // installed family names, lower case, once listed
+  bool m_listed = false;
   int32_t m_pixelsPerInch = 0;        // resolution the description memo was made for
   std::unordered_map<FontSpec, std::shared_ptr<TextFont>, SpecHash> m_bySpec;
   std::map<std::tuple<std::string, int32_t, bool, bool>, std::shared_ptr<TextFont>> m_byFace;

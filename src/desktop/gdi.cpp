@@ -98,7 +98,6 @@ DesktopGdi::DesktopGdi(WindowImages& windows) : m_windows(windows) {
   m_stockBrush = addObject(std::move(brush));
   GdiObject font(GdiObject::Kind::Font);
   font.stock = true;
-  font.font = m_fonts.font(font.fontSpec, m_dpiY);
   m_stockFont = addObject(std::move(font));
   GdiObject bitmap(GdiObject::Kind::Bitmap);
   bitmap.stock = true;
@@ -218,6 +217,17 @@ DcState* DesktopGdi::dc(HDC hdc) {
   return m_lastDc;
 }
 
+const std::shared_ptr<TextFont>& DesktopGdi::stockTextFont() {
+  GdiObject& font = m_objects.at(m_stockFont);
+  if (!font.font) font.font = m_fonts.font(font.fontSpec, m_dpiY);
+  return font.font;
+}
+
+TextFont& DesktopGdi::textFont(DcState& state) {
+  if (!state.textFont) state.textFont = stockTextFont();
+  return *state.textFont;
+}
+
 void DesktopGdi::selectDefaults(DcState& state) {
   const GdiObject& font = m_objects.at(m_stockFont);
   state.pen = m_stockPen;
@@ -259,10 +269,18 @@ bool DesktopGdi::brushColour(const DcState& state, HBRUSH brush, COLORREF& colou
 }
 
 void DesktopGdi::setPixelsPerInch(int32_t x, int32_t y) {
+  const int32_t oldDpiY = m_dpiY;
   m_dpiX = std::max(x, 1);
   m_dpiY = std::max(y, 1);
+  // Contexts holding the stock font keep the one of the old resolution, as if it had been made.
   GdiObject& font = m_objects.at(m_stockFont);
-  font.font = m_fonts.font(font.fontSpec, m_dpiY);
+  if (m_dpiY == oldDpiY) return;
+  for (auto& [handle, state] : m_dcs) {
+    if (state->textFont) continue;
+    if (!font.font) font.font = m_fonts.font(font.fontSpec, oldDpiY);
+    state->textFont = font.font;
+  }
+  font.font = nullptr;
 }
 
 std::vector<RECT> DesktopGdi::regionRects(HRGN region) const {
@@ -719,7 +737,7 @@ bool DesktopGdi::StretchBlt(HDC dest, int32_t x, int32_t y, int32_t width, int32
 
 void DesktopGdi::paintText(DcState& state, Canvas& canvas, int32_t x, int32_t y, std::string_view text,
                            const RECT& clip, const std::vector<size_t>* marks) {
-  TextFont& font = *state.textFont;
+  TextFont& font = textFont(state);
   const bool needWidth = state.bkMode == OPAQUE || state.underline || state.strikethrough;
   const int32_t width = needWidth ? font.width(text) : 0;
   if (state.bkMode == OPAQUE) fillClipped(canvas, clip, x, y, x + width, y + font.height(), state.bkColour);
@@ -759,8 +777,8 @@ bool DesktopGdi::GetTextExtentPoint32A(HDC hdc, const std::string& text, SIZE& s
   if (!d) return false;
   if (d->recording) record(*d, "GetTextExtentPoint32A", text);
   m_measuredTextBytes += text.size();
-  size.cx = d->textFont->width(text);
-  size.cy = d->textFont->height();
+  size.cx = textFont(*d).width(text);
+  size.cy = textFont(*d).height();
   return true;
 }
 
@@ -768,7 +786,7 @@ bool DesktopGdi::GetTextMetricsA(HDC hdc, TEXTMETRIC& metrics) {
   DcState* d = dc(hdc);
   if (!d) return false;
   if (d->recording) record(*d, "GetTextMetricsA");
-  const TextFont& f = *d->textFont;
+  const TextFont& f = textFont(*d);
   metrics.tmHeight = f.height();
   metrics.tmAscent = f.ascent();
   metrics.tmDescent = f.descent();
@@ -783,7 +801,7 @@ int32_t DesktopGdi::DrawTextA(HDC hdc, const std::string& text, int32_t count, R
   if (!d) return 0;
   const std::string_view shown = firstCharacters(text, count);
   if (d->recording) record(*d, "DrawTextA", shown, flags);
-  TextFont& font = *d->textFont;
+  TextFont& font = textFont(*d);
   const auto lines = TextLayout::lines(font, shown, flags, rect.Right - rect.Left);
   const int32_t lineHeight = font.height();
   const int32_t total = lineHeight * static_cast<int32_t>(lines.size());
@@ -830,7 +848,7 @@ bool DesktopGdi::PathCompactPathA(HDC hdc, std::string& path, int32_t width) {
   DcState* d = dc(hdc);
   if (!d) return false;
   if (d->recording) record(*d, "PathCompactPathA", path, width);
-  path = TextLayout::compactPath(*d->textFont, path, width);
+  path = TextLayout::compactPath(textFont(*d), path, width);
   return true;
 }
 

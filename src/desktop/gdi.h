@@ -58,6 +58,7 @@ class DesktopGdi : public GdiApi {
   // Resolution for GetDeviceCaps(LOGPIXELSX/Y) and for font sizes in points (96: 15 twips to a
   // pixel). Fonts made before keep their size.
   void setPixelsPerInch(int32_t x, int32_t y);
+  bool stockFontMade() const { return m_objects.at(m_stockFont).font != nullptr; }  // for tests
   // Loaded pictures (bitmaps and icons) that are alive; not part of liveObjectCount.
   int32_t liveImageCount() const { return m_liveImages; }
   // Bytes of text measured by GetTextExtentPoint32A so far: the work of text measurement, for
@@ -151,6 +152,9 @@ class DesktopGdi : public GdiApi {
   HDC addDc(std::unique_ptr<DcState> state);
   void removeDc(HDC hdc);
   void selectDefaults(DcState& state);
+  // The stock font is made when text is first measured or printed with it, not before.
+  const std::shared_ptr<TextFont>& stockTextFont();
+  TextFont& textFont(DcState& state);  // the context's font, the stock one made if need be
   Canvas* target(const DcState& state);
   void drawn(const DcState& state);
   bool brushColour(const DcState& state, HBRUSH brush, COLORREF& colour);

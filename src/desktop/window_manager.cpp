@@ -766,6 +766,7 @@ void WindowManager::composeWindow(const DesktopWindow& w, Canvas& screen, int32_
   RECT own{x0, y0, x0 + w.canvas->width(), y0 + w.canvas->height()};
   RECT vis = intersect(own, clip);
   if (vis.Right <= vis.Left || vis.Bottom <= vis.Top) return;
+  ++m_windowsComposed;
   if (w.exStyle & WS_EX_LAYERED) alpha *= w.alpha / 255.0;
   const Canvas& src = *w.canvas;
   const_cast<Canvas&>(src).flush();
@@ -835,9 +836,13 @@ bool WindowManager::setClipboardText(const std::string& text) {
 void WindowManager::compose(Canvas& screen, COLORREF desktopColour) {
   screen.flush();
   screen.fill(desktopColour);
-  RECT all{0, 0, screen.width(), screen.height()};
-  for (HWND h : m_topLevel) composeWindow(*find(h), screen, 0, 0, all, 1.0);
+  composeArea(screen, 0, 0, RECT{0, 0, screen.width(), screen.height()});
   screen.markDirty();
+}
+
+void WindowManager::composeArea(Canvas& target, int32_t originX, int32_t originY, RECT clip) {
+  clip = intersect(clip, RECT{0, 0, target.width(), target.height()});
+  for (HWND h : m_topLevel) composeWindow(*find(h), target, -originX, -originY, clip, 1.0);
 }
 
 }  // namespace corvane

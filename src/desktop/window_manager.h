@@ -145,6 +145,12 @@ class WindowManager : public UserApi, public WindowImages {
 
   // Composes all visible windows into the screen image.
   void compose(Canvas& screen, COLORREF desktopColour);
+  // Composes every top-level window, bottom to top, into the pixels of target inside clip (target
+  // coordinates); target's pixel (0, 0) shows the screen's (originX, originY). What lies below the
+  // windows is the caller's.
+  void composeArea(Canvas& target, int32_t originX, int32_t originY, RECT clip);
+  // How many windows were composed into an image so far (each window once per area), for tests.
+  uint64_t windowsComposed() const { return m_windowsComposed; }
   // Composes one top-level window with its children into an image of the window's size, at full
   // opacity and without its region: a live display applies those to the real window.
   bool composeTopLevel(HWND hWnd, Canvas& out);
@@ -213,6 +219,7 @@ class WindowManager : public UserApi, public WindowImages {
   std::function<std::vector<RECT>(HRGN)> m_regionRects;
   std::function<void(HRGN)> m_regionRelease;
   uint64_t m_drawCount = 0;
+  uint64_t m_windowsComposed = 0;
   Canvas* m_screen = nullptr;
   int32_t m_processId;
   std::string m_clipboard;

@@ -230,6 +230,7 @@ void VexColorLabel::applyTag(LabelPart& part, const LabelTag& tag, int32_t defau
 }
 
 void VexColorLabel::storeParts(std::vector<LabelPart>& parts) {
+  m_partsAreParse = false;
   if (parts.empty()) {
     m_Parts.erase();
     return;
@@ -244,6 +245,46 @@ void VexColorLabel::storeParts(std::vector<LabelPart>& parts) {
 // copied once in all, and no part keeps a buffer larger than its own text. A failing tag leaves the
 // parts made so far, the current one with its text as it stands.
 void VexColorLabel::ParseCaption() {
+  parseParts();
+  if (m_WordWrap) WrapParts();
+}
+
+VexColorLabel::ParseInput VexColorLabel::parseInput() {
+  Surface& s = surface();
+  ParseInput in;
+  in.caption = m_Caption;
+  in.colour = s.ForeColor();
+  if (in.colour < 0) in.colour = gdi().GetSysColor(in.colour & 0xFFFFFF);
+  in.bold = s.FontBold();
+  in.italic = s.FontItalic();
+  in.underline = s.FontUnderline();
+  in.strikethrough = s.FontStrikethru();
+  return in;
+}
+
+void VexColorLabel::parseForDrawing() {
+  ParseInput in = parseInput();
+  const bool same = m_parseKept && in == m_keptInput;
+  if (!same || (!m_partsAreParse && !m_keptCopy)) {
+    m_parseKept = m_keptCopy = false;
+    m_keptParts.clear();
+    parseParts();  // an error leaves nothing kept, so the next repaint parses and fails again
+    m_keptInput = std::move(in);
+    m_parseKept = true;
+  } else if (!m_partsAreParse) {
+    std::vector<LabelPart> copy = m_keptParts;
+    storeParts(copy);
+  }
+  m_partsAreParse = true;
+  if (m_WordWrap) {
+    if (!m_keptCopy) m_keptParts.assign(m_Parts.begin(), m_Parts.end());
+    m_keptCopy = true;
+    WrapParts();
+  }
+}
+
+void VexColorLabel::parseParts() {
+  ++m_captionParses;
   Surface& s = surface();
   int32_t defaultColour = s.ForeColor();
   if (defaultColour < 0) defaultColour = gdi().GetSysColor(defaultColour & 0xFFFFFF);
@@ -296,12 +337,12 @@ void VexColorLabel::ParseCaption() {
     throw;
   }
   storeParts(parts);
-  if (m_WordWrap) WrapParts();
 }
 
 // ---- wrapping ----
 
 void VexColorLabel::InsertPart(int32_t index) {
+  m_partsAreParse = false;
   m_Parts.redimPreserve(m_Parts.ubound() + 1);
   for (int32_t j = m_Parts.ubound(); j >= index + 2; --j) m_Parts(j) = m_Parts(j - 1);
   m_Parts(index + 1) = m_Parts(index);
@@ -472,7 +513,7 @@ void VexColorLabel::DrawLabel() {
   guarded([&] { savedStrike = s.FontStrikethru(); });
   guarded([&] { savedFore = s.ForeColor(); });
 
-  guarded([&] { ParseCaption(); });
+  guarded([&] { parseForDrawing(); });
 
   int32_t lineW = 0;
   const int32_t count = m_Parts.empty() ? 0 : m_Parts.ubound();

@@ -31,8 +31,9 @@ struct CORVANE_API LabelTag {
 };
 
 // A label whose caption carries inline markup: <b>, <i>, <u>, <s>, <c colour>, </c> and <br>.
-// It parses the caption into pieces on every repaint, wraps them at blanks to its width when
-// WordWrap is set, prints them one after the other and can grow to fit (Autosize).
+// It parses the caption into pieces, wraps them at blanks to its width when WordWrap is set,
+// prints them one after the other and can grow to fit (Autosize). A repaint reuses the pieces of
+// the last parse while the caption, the fore colour and the font's styles are the same.
 class CORVANE_API VexColorLabel : public ControlBase {
  public:
   std::string typeName() const override { return "VexColorLabel"; }
@@ -71,6 +72,8 @@ class CORVANE_API VexColorLabel : public ControlBase {
   void InsertPart(int32_t index);
   const VbArray<LabelPart>& Parts() const { return m_Parts; }
   bool busy() const { return m_Busy != 0; }
+  // How often the caption was parsed into pieces, for tests of what a repaint reuses.
+  uint64_t captionParses() const { return m_captionParses; }
 
  protected:
   void redraw() override { DrawLabel(); }
@@ -100,6 +103,18 @@ class CORVANE_API VexColorLabel : public ControlBase {
   template <class Fits>
   Probe probe(std::string_view text, Fits fits);
   void storeParts(std::vector<LabelPart>& parts);
+  // ParseCaption without the wrapping.
+  void parseParts();
+  // What a parse depends on besides the markup rules.
+  struct ParseInput {
+    std::string caption;
+    int32_t colour = 0;
+    bool bold = false, italic = false, underline = false, strikethrough = false;
+    bool operator==(const ParseInput&) const = default;
+  };
+  ParseInput parseInput();
+  // DrawLabel's parse: the kept pieces when the parse's input is unchanged.
+  void parseForDrawing();
 
   std::string m_Caption;
   bool m_Autosize = false;
@@ -107,6 +122,12 @@ class CORVANE_API VexColorLabel : public ControlBase {
   int16_t m_Busy = 0;
   int32_t m_OldWidth = 0;
   VbArray<LabelPart> m_Parts;
+  // The last parse that completed, by its input; with WordWrap (which rebuilds the parts) a copy of
+  // its pieces (m_keptCopy). m_partsAreParse: m_Parts still holds those pieces unwrapped.
+  bool m_parseKept = false, m_keptCopy = false, m_partsAreParse = false;
+  ParseInput m_keptInput;
+  std::vector<LabelPart> m_keptParts;
+  uint64_t m_captionParses = 0;
 };
 
 }  // namespace corvane

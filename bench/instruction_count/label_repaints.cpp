@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+// A fixed number of label repaints, or of Pango repainting the layout it kept, for instruction
+// counts under callgrind: run it with two counts and divide the difference of the totals by the
+// difference of the counts, so that the set-up cancels out.
+//   label_repaints label-line|label-2kb|pango-line|pango-2kb COUNT
+#include <corvane/host/form.h>
+#include <corvane/platform/platform.h>
+#include <corvane/widgets/vex_color_label.h>
+#include <pango/pangocairo.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <string>
+
+#include "desktop/desktop.h"
+
+using namespace corvane;
+
+namespace {
+
+std::pair<std::string, std::string> caption(bool longOne) {
+  if (!longOne)
+    return {"<b>Fett</b> und <c&HFF>rot</c> und <i>kursiv</i>",
+            "<b>Fett</b> und <span foreground=\"#FF0000\">rot</span> und <i>kursiv</i>"};
+  std::string ours, pango;
+  for (int i = 0; ours.size() < 2048; ++i) {
+    ours += "Der <b>schnelle</b> braune <i>Fuchs</i> springt <c&HFF>ueber</c> den <u>faulen</u> Hund. ";
+    pango +=
+        "Der <b>schnelle</b> braune <i>Fuchs</i> springt <span foreground=\"#FF0000\">ueber</span> den "
+        "<u>faulen</u> Hund. ";
+    if (i % 4 == 3) {
+      ours += "<br>";
+      pango += "\n";
+    }
+  }
+  return {ours, pango};
+}
+
+void label(bool longOne, long count) {
+  Desktop desktop;
+  setPlatform(&desktop);
+  {
+    FormRef form = Form::create("CountForm", 12000, 12000);
+    form->surface().Font()->setName("Arial");
+    form->surface().Font()->setSize(10);
+    auto l = std::dynamic_pointer_cast<VexColorLabel>(
+        form->add("VexColorLabel", "lbl", nullptr, 0, 0, 6000, longOne ? 12000.0f : 300.0f));
+    l->setWordWrap(longOne);
+    l->setCaption(caption(longOne).first);
+    for (long i = 0; i < count; ++i) l->DrawLabel();
+  }
+  Forms::unloadAll();
+  setPlatform(nullptr);
+}
+
+void pango(bool longOne, long count) {
+  const int w = 400, h = longOne ? 800 : 20;
+  cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, w, h);
+  cairo_t* cr = cairo_create(surface);
+  PangoLayout* layout = pango_cairo_create_layout(cr);
+  PangoContext* context = pango_layout_get_context(layout);
+  cairo_font_options_t* o = cairo_font_options_create();
+  cairo_font_options_set_antialias(o, CAIRO_ANTIALIAS_GRAY);
+  cairo_font_options_set_hint_style(o, CAIRO_HINT_STYLE_SLIGHT);
+  cairo_font_options_set_hint_metrics(o, CAIRO_HINT_METRICS_ON);
+  pango_cairo_context_set_font_options(context, o);
+  cairo_font_options_destroy(o);
+  pango_context_set_round_glyph_positions(context, TRUE);
+  PangoFontDescription* font = pango_font_description_from_string("Liberation Sans");
+  pango_font_description_set_absolute_size(font, 13 * PANGO_SCALE);
+  pango_layout_set_font_description(layout, font);
+  pango_font_description_free(font);
+  if (longOne) {
+    pango_layout_set_width(layout, w * PANGO_SCALE);
+    pango_layout_set_wrap(layout, PANGO_WRAP_WORD);
+  }
+  pango_layout_set_markup(layout, caption(longOne).second.c_str(), -1);
+  for (long i = 0; i < count; ++i) {
+    cairo_set_source_rgb(cr, 1, 1, 1);
+    cairo_paint(cr);
+    cairo_set_source_rgb(cr, 0, 0, 0);
+    cairo_move_to(cr, 0, 0);
+    pango_cairo_show_layout(cr, layout);
+    cairo_surface_flush(surface);
+  }
+  g_object_unref(layout);
+  cairo_destroy(cr);
+  cairo_surface_destroy(surface);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 3) {
+    std::fprintf(stderr, "usage: label_repaints label-line|label-2kb|pango-line|pango-2kb COUNT\n");
+    return 2;
+  }
+  const std::string mode = argv[1];
+  const long count = std::strtol(argv[2], nullptr, 10);
+  if (mode == "label-line")
+    label(false, count);
+  else if (mode == "label-2kb")
+    label(true, count);
+  else if (mode == "pango-line")
+    pango(false, count);
+  else if (mode == "pango-2kb")
+    pango(true, count);
+  else
+    return 2;
+  return 0;
+}
