@@ -60,12 +60,12 @@ class Placer {
 };
 
 int renderPngs(const std::string& out) {
-  Desktop desktop(Desktop::Options{.width = 2400, .height = 1400});
+  Desktop desktop(Desktop::Options{.width = 3200, .height = 1800});
   setPlatform(&desktop);
   std::filesystem::create_directories(out);
   int failed = 0;
   // Forms flow down the screen in columns, so that the whole desktop shows every scene.
-  Placer placer(2400, 1400);
+  Placer placer(3200, 1800);
   for (const gallery::Scene& scene : allScenes()) {
     FormRef form = scene.build();
     RECT size;
