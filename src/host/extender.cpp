@@ -6,6 +6,8 @@
 #include <corvane/platform/api.h>
 #include <corvane/runtime/checked.h>
 
+#include "host/window_geometry.h"
+
 namespace corvane {
 
 namespace {
@@ -15,15 +17,6 @@ Surface& placingSurface(const HostedControl& c) {
   if (s.container) return s.container->surface();
   if (!s.form) throw RuntimeError(398, "Client site not available");
   return s.form->surface();
-}
-
-RECT clientRectInParent(const HostedControl& c) {
-  HWND h = c.surface().hWnd();
-  RECT r;
-  user().GetWindowRect(h, r);
-  POINTAPI p{r.Left, r.Top};
-  user().ScreenToClient(user().GetParent(h), p);
-  return RECT{p.x, p.y, p.x + (r.Right - r.Left), p.y + (r.Bottom - r.Top)};
 }
 }  // namespace
 

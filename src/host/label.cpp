@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "host/window_geometry.h"
+
 namespace corvane {
 
 namespace {
@@ -64,21 +66,9 @@ void Label::setBackColor(OLE_COLOR value) {
   draw();
 }
 
-int32_t Label::Left() const {
-  RECT r;
-  user().GetWindowRect(surface().hWnd(), r);
-  POINTAPI p{r.Left, r.Top};
-  user().ScreenToClient(user().GetParent(surface().hWnd()), p);
-  return p.x;
-}
+int32_t Label::Left() const { return clientRectInParent(*this).Left; }
 
-int32_t Label::Top() const {
-  RECT r;
-  user().GetWindowRect(surface().hWnd(), r);
-  POINTAPI p{r.Left, r.Top};
-  user().ScreenToClient(user().GetParent(surface().hWnd()), p);
-  return p.y;
-}
+int32_t Label::Top() const { return clientRectInParent(*this).Top; }
 
 void Label::Move(int32_t left, int32_t top, int32_t width, int32_t height) {
   // As in the form engine, a move keeps the size given; only a new text or font fits it again.

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "host/window_geometry.h"
+
 namespace corvane {
 
 namespace {
@@ -65,21 +67,9 @@ void TextBox::setBackColor(OLE_COLOR value) {
   draw();
 }
 
-int32_t TextBox::Left() const {
-  RECT r;
-  user().GetWindowRect(surface().hWnd(), r);
-  POINTAPI p{r.Left, r.Top};
-  user().ScreenToClient(user().GetParent(surface().hWnd()), p);
-  return p.x;
-}
+int32_t TextBox::Left() const { return clientRectInParent(*this).Left; }
 
-int32_t TextBox::Top() const {
-  RECT r;
-  user().GetWindowRect(surface().hWnd(), r);
-  POINTAPI p{r.Left, r.Top};
-  user().ScreenToClient(user().GetParent(surface().hWnd()), p);
-  return p.y;
-}
+int32_t TextBox::Top() const { return clientRectInParent(*this).Top; }
 
 void TextBox::Move(int32_t left, int32_t top, int32_t width, int32_t height) {
   user().MoveWindow(surface().hWnd(), left, top, std::max(width, 0), std::max(height, 0), true);
