@@ -19,7 +19,6 @@
 namespace corvane::gallery {
 
 namespace {
-constexpr float kTwips = 15;           // the gallery's desktop runs at 15 twips per pixel
 constexpr OLE_COLOR kPane = 0xE0C8B8;  // a task-pane blue behind the frames
 
 Desktop* desktop() { return dynamic_cast<Desktop*>(&platform()); }
