@@ -2,7 +2,8 @@
 # SPDX-License-Identifier: MIT
 # Installs the Debian packages the build and the live tests (an X server in memory, the tools
 # that check its windows from outside) need, only when one is missing; with --fuzz also
-# Debian's Clang and its libFuzzer, for the fuzz targets.
+# Debian's Clang and its libFuzzer, for the fuzz targets; with --bench-peers also the HTML view's
+# benchmark peers, Qt's widgets base and litehtml.
 set -euo pipefail
 packages=(build-essential cmake pkg-config libcairo2-dev libpango1.0-dev libsdl2-dev libx11-dev libxext-dev libxrandr-dev libxcursor-dev
           libxfixes-dev
@@ -11,7 +12,11 @@ packages=(build-essential cmake pkg-config libcairo2-dev libpango1.0-dev libsdl2
           fonts-wqy-microhei
           xvfb xauth x11-utils xdotool)
 fuzz_packages=(clang-14 libclang-rt-14-dev)
-for a in "$@"; do [ "$a" = "--fuzz" ] && packages+=("${fuzz_packages[@]}"); done
+bench_peer_packages=(qtbase5-dev liblitehtml-dev)
+for a in "$@"; do
+  [ "$a" = "--fuzz" ] && packages+=("${fuzz_packages[@]}")
+  [ "$a" = "--bench-peers" ] && packages+=("${bench_peer_packages[@]}")
+done
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")

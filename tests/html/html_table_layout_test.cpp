@@ -108,5 +108,41 @@ TEST_F(HtmlTableLayoutTest, NextCellStartsAtThePreviousCellsRightEdge) {
   EXPECT_EQ(text("b").Left, 54);
 }
 
+TEST_F(HtmlTableLayoutTest, SpannedCellIsNarrowerThanTheCellsAboveByTheSpacing) {
+  view->setText(
+      "<TABLE WIDTH=300 BORDER=1 CELLSPACING=4 CELLPADDING=0><TR><TD>a</TD><TD>b</TD></TR>"
+      "<TR><TD COLSPAN=2>c</TD></TR></TABLE>");
+  const int32_t a = tag(html::TagCell, 0).LayoutWidth, b = tag(html::TagCell, 1).LayoutWidth;
+  const int32_t c = tag(html::TagCell, 2).LayoutWidth;
+  // The span adds the columns' widths but not the spacing between them.
+  EXPECT_EQ(c, a + b);
+  // Each cell's right edge (the light side of its sunken frame) stands at the table's left 4,
+  // plus the cell's X, plus its width, less one border; the next cell's X is that edge plus
+  // spacing and border, less the table's left. The spanned cell ends 4 pixels short.
+  const int32_t rightFirst = 4 + (1 + 4) + a - 1;
+  const int32_t rightAbove = 4 + (rightFirst + 4 + 1 - 4) + b - 1;
+  const int32_t rightBelow = 4 + (1 + 4) + c - 1;
+  EXPECT_EQ(rightAbove - rightBelow, 4);
+  const COLORREF back = gdi().GetPixel(page().hdc(), 1, 1);
+  const COLORREF light = back == 0xFFFFFF ? translateColor(static_cast<OLE_COLOR>(0x8000000F)) : 0xFFFFFF;
+  const int32_t rowAbove = text("a").Top + 2, rowBelow = text("c").Top + 2;
+  EXPECT_EQ(gdi().GetPixel(page().hdc(), rightAbove, rowAbove), light);
+  EXPECT_EQ(gdi().GetPixel(page().hdc(), rightBelow, rowBelow), light);
+  EXPECT_EQ(gdi().GetPixel(page().hdc(), rightAbove, rowBelow), back);
+}
+
+TEST_F(HtmlTableLayoutTest, CellWithoutItsCloseTagEndsTheRow) {
+  view->setText("<TABLE BORDER=0 CELLSPACING=2 CELLPADDING=1><TR><TD>a<TD>b</TR></TABLE>");
+  // The missing close tag ends the row: the row, never grown by a cell's end, is as high as the
+  // spacing, so the next cell stands that plus the spacing lower, at the same X, for the cell's
+  // end never moved the next cell's X.
+  EXPECT_EQ(text("b").Left, text("a").Left);
+  EXPECT_EQ(text("b").Top, text("a").Top + 2 + 2);
+  // With both close tags the cells stand side by side on one row.
+  view->setText("<TABLE BORDER=0 CELLSPACING=2 CELLPADDING=1><TR><TD>a</TD><TD>b</TD></TR></TABLE>");
+  EXPECT_EQ(text("b").Top, text("a").Top);
+  EXPECT_GT(text("b").Left, text("a").Right);
+}
+
 }  // namespace
 }  // namespace corvane

@@ -96,6 +96,25 @@ TEST_F(HtmlViewportTest, PaintOnlyKeepsTheArrangement) {
   EXPECT_EQ(page().pixelWidth(), 200);
 }
 
+TEST_F(HtmlViewportTest, ShorterPageKeepsTheLargerSurfaceUntilTheViewIsArranged) {
+  // A paragraph that wraps into many lines at 200 pixels and into fewer at 600.
+  std::string words;
+  for (int n = 0; n < 120; ++n) words += "word ";
+  view->setText(words);
+  const int32_t tall = page().pixelHeight();
+  ASSERT_GT(tall, 150);
+  // A wider page wraps into fewer lines; without arranging, the surface does not shrink.
+  view->picHTML()->extenderRef()->setWidth(600 * 15);
+  view->Refresh(true);
+  ASSERT_LT(view->mDocHeight(), tall);
+  EXPECT_EQ(page().pixelHeight(), tall);
+  EXPECT_EQ(page().pixelWidth(), 600);
+  // Arranging gives the surface the viewport's size again before the page grows it.
+  view->Refresh(false);
+  EXPECT_EQ(page().pixelWidth(), 200);
+  EXPECT_EQ(page().pixelHeight(), view->mDocHeight());
+}
+
 TEST_F(HtmlViewportTest, GradientIgnoresTheBodyColour) {
   view->setText("<BODY BGCOLOR=#00FF00>x</BODY>");
   EXPECT_EQ(gdi().GetPixel(page().hdc(), 150, 140), 0x00FF00u);
