@@ -132,5 +132,23 @@ TEST_F(BalloonLiveTest, TheBalloonIsATopMostWindowWithTheShapeOfItsRegion) {
   EXPECT_FALSE(creator->IsVisible());
 }
 
+TEST_F(BalloonLiveTest, AShortClickOnAnotherWindowOfTheProgramClosesTheBalloon) {
+  if (!haveProgram("xdotool")) GTEST_SKIP() << "xdotool is missing";
+  Application app(liveOptions());
+  FormRef below = Form::create("Below", 500 * 15.0f, 400 * 15.0f);
+  below->Move(50 * 15.0f, 50 * 15.0f);
+  below->Show();
+  auto creator = std::make_shared<cMiniBalloon>();
+  std::string message = "Ein kurzer Klick daneben schlie\xC3\x9Ft mich";
+  creator->popUpBalloon(below->hWnd(), message, "", vbNone, false, true, 0, 8, "MS Sans Serif", 0, false,
+                        true, 6000, 200, 300);
+  settle(app);
+  ASSERT_TRUE(creator->IsVisible());
+  // Press and release within one poll: the press is still counted at the next tick.
+  runCommand("xdotool mousemove 450 400 click 1 2>&1");
+  EXPECT_TRUE(pumpUntil(app, [&] { return !BalloonWindow::instance().isLoaded(); }));
+  EXPECT_FALSE(creator->IsVisible());
+}
+
 }  // namespace
 }  // namespace corvane
