@@ -515,5 +515,38 @@ TEST_F(BalloonWindowTest, AnApplicationsEndUnloadsTheBalloonWithTheOtherForms) {
   EXPECT_TRUE(balloon().isLoaded());
 }
 
+TEST_F(BalloonWindowTest, AControlWithoutAWindowHandleIsAClearError) {
+  BalloonRequest r;
+  r.CTRL = std::make_shared<cMiniBalloon>();
+  try {
+    pop(r);
+    FAIL() << "the object has no hWnd";
+  } catch (const RuntimeError& e) {
+    EXPECT_EQ(e.number(), 438);
+  }
+  EXPECT_FALSE(mini->m_IsVisible);
+}
+
+TEST_F(BalloonWindowTest, AMaxWidthOfZeroStillShowsABalloon) {
+  BalloonRequest r;
+  r.MaxWidth = 0;
+  pop(r);
+  EXPECT_TRUE(balloon().lblMsg->WordWrap());
+  EXPECT_TRUE(mini->m_IsVisible);
+  EXPECT_GT(W(), 0);
+}
+
+TEST_F(BalloonWindowTest, ANegativeMaxWidthIsAnInvalidWidth) {
+  BalloonRequest r;
+  r.MaxWidth = -100;
+  try {
+    pop(r);
+    FAIL() << "a label cannot be -100 twips wide";
+  } catch (const RuntimeError& e) {
+    EXPECT_EQ(e.number(), 380);
+  }
+  EXPECT_FALSE(mini->m_IsVisible);
+}
+
 }  // namespace
 }  // namespace corvane::test
