@@ -89,5 +89,9 @@
 #include <corvane/widgets/vex_progress.h>
 #include <corvane/widgets/vex_snip.h>
 
+#include <corvane/notify/balloon_window.h>
+#include <corvane/notify/mini_balloon.h>
+#include <corvane/notify/vex_balloon.h>
+
 #include <corvane/app/application.h>
 #include <corvane/app/headless_display.h>

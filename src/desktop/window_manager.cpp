@@ -523,11 +523,13 @@ bool WindowManager::ClipCursor(const RECT* rect) {
 
 int16_t WindowManager::GetAsyncKeyState(int32_t key) {
   bool down = false;
-  if (key == VK_LBUTTON) down = m_buttons & 1;
-  else if (key == VK_RBUTTON) down = m_buttons & 2;
-  else if (key == VK_MBUTTON) down = m_buttons & 4;
+  int32_t button = key == VK_LBUTTON ? 1 : key == VK_RBUTTON ? 2 : key == VK_MBUTTON ? 4 : 0;
+  if (button) down = m_buttons & button;
   else down = m_keys[key];
-  return down ? static_cast<int16_t>(0x8000) : 0;
+  // The low bit: the button was pressed since the last question about it.
+  int16_t pressed = (m_pressedSinceAsked & button) ? 1 : 0;
+  m_pressedSinceAsked &= ~button;
+  return static_cast<int16_t>((down ? 0x8000 : 0) | pressed);
 }
 
 bool WindowManager::TrackMouseEvent(TRACKMOUSEEVENT& request) {
@@ -606,6 +608,7 @@ void WindowManager::mouseMove(int32_t x, int32_t y) {
 
 void WindowManager::mouseDown(int32_t button) {
   m_buttons |= button;
+  m_pressedSinceAsked |= button;
   HWND over = m_capture ? m_capture : WindowFromPoint(m_cursor.x, m_cursor.y);
   int32_t down = button == 1 ? wm::LBUTTONDOWN : button == 2 ? wm::RBUTTONDOWN : wm::MBUTTONDOWN;
   int64_t now = m_clock.now();

@@ -209,6 +209,8 @@ class WindowManager : public UserApi, public WindowImages {
   std::optional<RECT> m_cursorClip;
   HWND m_capture = 0, m_focus = 0, m_foreground = 0, m_tracking = 0;
   int32_t m_buttons = 0;
+  // Buttons pressed since GetAsyncKeyState last asked about them (its low bit).
+  int32_t m_pressedSinceAsked = 0;
   std::map<int32_t, bool> m_keys;
   struct LastClick {
     HWND hwnd = 0;

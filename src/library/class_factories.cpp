@@ -30,6 +30,8 @@
 #include <corvane/widgets/vex_line_hover.h>
 #include <corvane/widgets/vex_progress.h>
 #include <corvane/widgets/vex_snip.h>
+#include <corvane/notify/mini_balloon.h>
+#include <corvane/notify/vex_balloon.h>
 
 namespace corvane {
 
@@ -80,6 +82,13 @@ void registerLibraryClasses(ClassRegistry& registry) {
                                                  {"vbPicTypeBitmap", StdPicture::vbPicTypeBitmap},
                                                  {"vbPicTypeIcon", StdPicture::vbPicTypeIcon}});
   registry.registerEnum("enSplitterDir", {{"sdVertical", sdVertical}, {"sdHorizontal", sdHorizontal}});
+  registry.registerFactory("VexBalloon", [] { return std::make_shared<VexBalloon>(); });
+  registry.registerFactory("cMiniBalloon", [] { return std::make_shared<cMiniBalloon>(); });
+  registry.registerEnum("IconType", {{"vbNone", vbNone},
+                                     {"vbCritical", vbCritical},
+                                     {"vbExclamation", vbExclamation},
+                                     {"vbInformation", vbInformation},
+                                     {"vbFullContact", vbFullContact}});
 }
 
 }  // namespace corvane

@@ -481,6 +481,7 @@ bool LiveWindowManager::SetCursorPos(int32_t x, int32_t y) {
 
 int16_t LiveWindowManager::GetAsyncKeyState(int32_t key) {
   bool down = false;
+  int16_t pressed = 0;
   if (m_eventState && (key == VK_SHIFT || key == VK_CONTROL || key == VK_MENU)) {
     // During an input event its own modifier state counts, not the keyboard's state by now.
     down = *m_eventState & (key == VK_SHIFT ? ShiftMask : key == VK_CONTROL ? ControlMask : Mod1Mask);
@@ -490,6 +491,8 @@ int16_t LiveWindowManager::GetAsyncKeyState(int32_t key) {
     unsigned mask = 0;
     XQueryPointer(m_display, m_root, &root, &child, &rx, &ry, &wx, &wy, &mask);
     down = mask & (key == VK_LBUTTON ? Button1Mask : key == VK_RBUTTON ? Button3Mask : Button2Mask);
+    // A press on one of the program's windows since the last question, however short.
+    pressed = WindowManager::GetAsyncKeyState(key) & 1;
   } else {
     char keys[32];
     XQueryKeymap(m_display, keys);
@@ -499,7 +502,7 @@ int16_t LiveWindowManager::GetAsyncKeyState(int32_t key) {
       down = virtualKeyFromKeysym(sym) == key;
     }
   }
-  return down ? static_cast<int16_t>(0x8000) : 0;
+  return static_cast<int16_t>((down ? 0x8000 : 0) | pressed);
 }
 
 // The work area above the task bar, as the window manager publishes it; the whole screen without one.
