@@ -255,6 +255,24 @@ int32_t GtkDialogs::ChooseFontA(CHOOSEFONT& cf) {
   GtkFontChooser* chooser = GTK_FONT_CHOOSER(dialog);
   const std::string face = bufferText(cf.lf.lfFaceName);
   if (!face.empty()) gtk_font_chooser_set_font(chooser, face.c_str());
+  // The effects GTK's chooser lacks: underline, strike-out and colour, below the font.
+  GtkWidget* underline = gtk_check_button_new_with_mnemonic("_Unterstrichen");
+  GtkWidget* strikeOut = gtk_check_button_new_with_mnemonic("_Durchgestrichen");
+  GtkWidget* colour = gtk_color_button_new();
+  if (cf.Flags & CF_EFFECTS) {
+    GtkWidget* row = gtk_box_new(GTK_ORIENTATION_HORIZONTAL, 12);
+    gtk_box_pack_start(GTK_BOX(row), underline, FALSE, FALSE, 0);
+    gtk_box_pack_start(GTK_BOX(row), strikeOut, FALSE, FALSE, 0);
+    gtk_box_pack_end(GTK_BOX(row), colour, FALSE, FALSE, 0);
+    gtk_box_pack_end(GTK_BOX(row), gtk_label_new("Farbe:"), FALSE, FALSE, 0);
+    gtk_toggle_button_set_active(GTK_TOGGLE_BUTTON(underline), cf.lf.lfUnderline ? TRUE : FALSE);
+    gtk_toggle_button_set_active(GTK_TOGGLE_BUTTON(strikeOut), cf.lf.lfStrikeOut ? TRUE : FALSE);
+    GdkRGBA start{(cf.rgbColors & 255) / 255.0, ((cf.rgbColors >> 8) & 255) / 255.0,
+                  ((cf.rgbColors >> 16) & 255) / 255.0, 1.0};
+    gtk_color_chooser_set_rgba(GTK_COLOR_CHOOSER(colour), &start);
+    gtk_box_pack_end(GTK_BOX(gtk_dialog_get_content_area(GTK_DIALOG(dialog))), row, FALSE, FALSE, 6);
+    gtk_widget_show_all(row);
+  }
   int32_t result = 0;
   if (runModal(dialog, ownerWindow(cf.hwndOwner)) == GTK_RESPONSE_OK) {
     if (PangoFontDescription* font = gtk_font_chooser_get_font_desc(chooser)) {
@@ -267,10 +285,20 @@ int32_t GtkDialogs::ChooseFontA(CHOOSEFONT& cf) {
       const double points = static_cast<double>(pango_font_description_get_size(font)) / PANGO_SCALE;
       cf.iPointSize = static_cast<int32_t>(std::lround(points * 10));
       cf.lf.lfHeight = -static_cast<int32_t>(std::lround(points * 96 / 72));
-      cf.rgbColors = 0;  // the dialog offers no colour: black
+      if (cf.Flags & CF_EFFECTS) {
+        cf.lf.lfUnderline = gtk_toggle_button_get_active(GTK_TOGGLE_BUTTON(underline)) ? 1 : 0;
+        cf.lf.lfStrikeOut = gtk_toggle_button_get_active(GTK_TOGGLE_BUTTON(strikeOut)) ? 1 : 0;
+        GdkRGBA chosen;
+        gtk_color_chooser_get_rgba(GTK_COLOR_CHOOSER(colour), &chosen);
+        cf.rgbColors = RGB(channel(chosen.red), channel(chosen.green), channel(chosen.blue));
+      }
       pango_font_description_free(font);
       result = 1;
     }
+  }
+  // Widgets never packed (without effects) are not owned by the dialog.
+  if (!(cf.Flags & CF_EFFECTS)) {
+    for (GtkWidget* w : {underline, strikeOut, colour}) g_object_ref_sink(w), g_object_unref(w);
   }
   close(dialog);
   return result;

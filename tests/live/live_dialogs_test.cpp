@@ -10,6 +10,7 @@
 #include <corvane/host/screen.h>
 #include <corvane/platform/api.h>
 #include <corvane/runtime/checked.h>
+#include <corvane/system/font_view_dlg.h>
 #include <corvane/system/form_min_max.h>
 #include <corvane/system/open_save_dlg.h>
 #include <unistd.h>
@@ -179,6 +180,40 @@ TEST_F(LiveDialogsTest, AFileDialogAnsweredByTypedKeysGivesItsPathToReturnPath) 
   EXPECT_TRUE(shown);
   EXPECT_EQ(dialog.ReturnPath(), answer);
   std::filesystem::remove_all(folder);
+}
+
+// Accepts the dialog titled title with Return, or cancels it with Escape after a few tries.
+void answerWithReturn(const std::string& title) {
+  std::string id = runCommand("timeout 20 xdotool search --sync --onlyvisible --name '" + title +
+                              "' 2>/dev/null | head -1");
+  while (!id.empty() && id.back() == '\n') id.pop_back();
+  if (id.empty()) return;
+  for (int i = 0; i < 4; ++i) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(700));
+    if (runCommand("xdotool search --onlyvisible --name '" + title + "' 2>/dev/null").empty()) return;
+    runCommand("xdotool windowfocus " + id + " key Return 2>&1");
+  }
+  runCommand("xdotool windowfocus " + id + " key Escape 2>&1");
+}
+
+TEST_F(LiveDialogsTest, AFontDialogAcceptedWithReturnGivesItsFontWithoutEffects) {
+  unsetenv("DBUS_SESSION_BUS_ADDRESS");
+  setenv("GSETTINGS_BACKEND", "memory", 1);
+  Application app(liveOptions());
+  FormRef form = shownForm("FontOwner", "Schriftbesitzer", 140, 140, 300, 200);
+  pumpUntil(app, [&] { return nativeOf(*form) != 0; });
+  FontViewDLG dialog;
+  dialog.setOwner(form->hWnd());
+  std::thread answerer(answerWithReturn, "Schriftart");
+  bool shown = false;
+  EXPECT_NO_THROW(shown = dialog.Show());
+  answerer.join();
+  EXPECT_TRUE(shown);
+  EXPECT_FALSE(dialog.FontName().empty());
+  EXPECT_GT(dialog.FontSize(), 0);
+  EXPECT_FALSE(dialog.Underline());
+  EXPECT_FALSE(dialog.StrikeOut());
+  EXPECT_EQ(dialog.Color(), 0);  // black, as the colour button starts
 }
 
 }  // namespace
