@@ -7,6 +7,7 @@
 set -euo pipefail
 packages=(build-essential cmake pkg-config libcairo2-dev libpango1.0-dev libsdl2-dev libx11-dev libxext-dev libxrandr-dev libxcursor-dev
           libxfixes-dev
+          libgtk-3-dev libglib2.0-dev
           nlohmann-json3-dev
           libsqlite3-dev libgtest-dev libgmock-dev libbenchmark-dev libssl-dev fonts-dejavu-core fonts-liberation2
           fonts-wqy-microhei

@@ -26,6 +26,8 @@
 #include <corvane/runtime/win1252.h>
 
 #include <corvane/platform/api.h>
+#include <corvane/platform/dialogs.h>
+#include <corvane/platform/message_memory.h>
 #include <corvane/platform/platform.h>
 #include <corvane/platform/types.h>
 
@@ -77,6 +79,12 @@
 #include <corvane/system/mdf.h>
 #include <corvane/system/my_tools.h>
 #include <corvane/system/reg_settings.h>
+#include <corvane/system/color_view_dlg.h>
+#include <corvane/system/open_save_dlg.h>
+#include <corvane/system/browse_folder_dlg.h>
+#include <corvane/system/print_view_dlg.h>
+#include <corvane/system/font_view_dlg.h>
+#include <corvane/system/form_min_max.h>
 
 #include <corvane/widgets/painted_label.h>
 #include <corvane/widgets/vex_check.h>

@@ -14,6 +14,7 @@
 #include <thread>
 
 #include "desktop/gdi.h"
+#include <corvane/runtime/runtime_error.h>
 
 extern char** environ;
 
@@ -71,6 +72,13 @@ Desktop::Desktop(Options options)
                              [this](HRGN r) { m_gdi->DeleteObject(r); });
   setTwipsPerPixel(options.twipsPerPixelX, options.twipsPerPixelY);
   m_registry->useFile(options.registryFile);
+  m_dialogs = options.makeDialogs ? options.makeDialogs(*m_windows) : std::make_unique<ScriptedDialogs>();
+}
+
+ScriptedDialogs& Desktop::scriptedDialogs() {
+  auto* scripted = dynamic_cast<ScriptedDialogs*>(m_dialogs.get());
+  if (!scripted) throw RuntimeError(err::InvalidProcedureCall, "This desktop shows real dialogs", "corvane");
+  return *scripted;
 }
 
 // Windows still open at the end are dropped without messages: their owners may be gone already.

@@ -10,6 +10,7 @@
 #include "desktop/system_facts.h"
 #include "desktop/desktop_registry.h"
 #include "desktop/screen_composer.h"
+#include "desktop/scripted_dialogs.h"
 #include "desktop/window_manager.h"
 #include <corvane/platform/platform.h>
 
@@ -31,6 +32,8 @@ class Desktop : public Platform, public SystemApi {
     std::string registryFile = {};      // the settings store's file; empty keeps it in memory
     // Makes the window side; empty gives the in-process one. A live display brings its own.
     std::function<std::unique_ptr<WindowManager>(Clock&, int32_t width, int32_t height)> makeWindows = {};
+    // Makes the common dialogs; empty gives the scripted ones. A live display brings its own.
+    std::function<std::unique_ptr<DialogApi>(WindowManager&)> makeDialogs = {};
   };
 
   Desktop();
@@ -41,6 +44,9 @@ class Desktop : public Platform, public SystemApi {
   UserApi& user() override { return *m_windows; }
   SystemApi& system() override { return *this; }
   DesktopRegistry& registry() override { return *m_registry; }
+  DialogApi& dialogs() override { return *m_dialogs; }
+  // The scripted dialogs of a headless desktop; a RuntimeError on a desktop with real dialogs.
+  ScriptedDialogs& scriptedDialogs();
 
   WindowManager& windows() { return *m_windows; }
   DesktopGdi& drawing() { return *m_gdi; }
@@ -110,6 +116,7 @@ class Desktop : public Platform, public SystemApi {
   std::vector<std::string> m_sounds;
   bool m_soundOutput = false;
   SystemFacts m_facts;
+  std::unique_ptr<DialogApi> m_dialogs;
 };
 
 }  // namespace corvane

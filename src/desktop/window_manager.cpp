@@ -158,6 +158,14 @@ bool WindowManager::ShowWindow(HWND hWnd, int32_t command) {
 // A size beyond the longest side is cut to it; a size whose image cannot be made (no memory) is
 // refused, and the window keeps its size.
 void WindowManager::resizeTo(DesktopWindow& w, int32_t x, int32_t y, int32_t width, int32_t height) {
+  if (!w.parent && (width != w.rect.Right - w.rect.Left || height != w.rect.Bottom - w.rect.Top)) {
+    // The minimum wins over the maximum, as the window system has it.
+    HWND self = w.hwnd;
+    MINMAXINFO info = minMaxInfo(self);
+    if (!find(self)) return;  // the window went while it was asked
+    width = std::max(std::min(width, info.ptMaxTrackSize.x), info.ptMinTrackSize.x);
+    height = std::max(std::min(height, info.ptMaxTrackSize.y), info.ptMinTrackSize.y);
+  }
   width = std::clamp(width, 0, kMaxWindowSide);
   height = std::clamp(height, 0, kMaxWindowSide);
   bool sized = width != w.rect.Right - w.rect.Left || height != w.rect.Bottom - w.rect.Top;
@@ -174,6 +182,19 @@ void WindowManager::resizeTo(DesktopWindow& w, int32_t x, int32_t y, int32_t wid
     SendMessageA(h, wm::SIZE, 0, makePointParam(width, height));
   }
   if (moved && find(h)) SendMessageA(h, wm::MOVE, 0, makePointParam(x, y));
+}
+
+MINMAXINFO WindowManager::minMaxInfo(HWND hWnd) {
+  MINMAXINFO info;
+  info.ptMaxSize = POINTAPI{m_screenWidth, m_screenHeight};
+  info.ptMaxPosition = POINTAPI{0, 0};
+  info.ptMinTrackSize = POINTAPI{0, 0};  // the desktop's windows have no frame to keep
+  info.ptMaxTrackSize = POINTAPI{kMaxWindowSide, kMaxWindowSide};
+  const DesktopWindow* w = find(hWnd);
+  if (!w || w->parent) return info;
+  MessageMemoryLoan loan(&info, sizeof info);
+  SendMessageA(hWnd, wm::GETMINMAXINFO, 0, loan.address());
+  return info;
 }
 
 bool WindowManager::MoveWindow(HWND hWnd, int32_t x, int32_t y, int32_t width, int32_t height, bool) {

@@ -12,6 +12,7 @@
 #include "desktop/canvas.h"
 #include "desktop/clock.h"
 #include "desktop/window_images.h"
+#include <corvane/platform/message_memory.h>
 #include <corvane/platform/platform.h>
 
 namespace corvane {
@@ -129,6 +130,9 @@ class WindowManager : public UserApi, public WindowImages {
   // primary monitor; with one monitor the box is the screen.
   void setMonitors(int32_t count, int32_t virtualWidth, int32_t virtualHeight);
   uint64_t drawCount() const { return m_drawCount; }
+  // The limits of a top-level window's size: the system's values, then WM_GETMINMAXINFO lets the
+  // window change them. A size change of a top-level window keeps within the tracking sizes.
+  MINMAXINFO minMaxInfo(HWND hWnd);
 
   // Synthetic input: each call delivers its messages at once, then pumps posted messages.
   void mouseMove(int32_t x, int32_t y);

@@ -21,6 +21,12 @@
 #include <corvane/system/mdf.h>
 #include <corvane/system/my_tools.h>
 #include <corvane/system/reg_settings.h>
+#include <corvane/system/color_view_dlg.h>
+#include <corvane/system/open_save_dlg.h>
+#include <corvane/system/browse_folder_dlg.h>
+#include <corvane/system/print_view_dlg.h>
+#include <corvane/system/font_view_dlg.h>
+#include <corvane/system/form_min_max.h>
 #include <corvane/widgets/vex_check.h>
 #include <corvane/widgets/vex_color_label.h>
 #include <corvane/widgets/vex_hover_pic.h>
@@ -61,6 +67,12 @@ void registerLibraryClasses(ClassRegistry& registry) {
   registry.registerFactory("cRegSettings", [] { return std::make_shared<cRegSettings>(); });
   registry.registerFactory("cMyTools", [] { return std::make_shared<cMyTools>(); });
   registry.registerFactory("cMDF", [] { return std::make_shared<cMDF>(); });
+  registry.registerFactory("ColorViewDLG", [] { return std::make_shared<ColorViewDLG>(); });
+  registry.registerFactory("OpenSaveDLG", [] { return std::make_shared<OpenSaveDLG>(); });
+  registry.registerFactory("BrowseFolderDLG", [] { return std::make_shared<BrowseFolderDLG>(); });
+  registry.registerFactory("PrintViewDLG", [] { return std::make_shared<PrintViewDLG>(); });
+  registry.registerFactory("FontViewDLG", [] { return std::make_shared<FontViewDLG>(); });
+  registry.registerFactory("cFormMinMax", [] { return std::make_shared<cFormMinMax>(); });
 
   // Enumerations under the names of the interface; the C++ members carry a prefix.
   registry.registerEnum("BorderType", {{"None", VexPane::btNone},

@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <thread>
 
+#include "live/gtk_dialogs.h"
 #include "live/live_window_manager.h"
 
 namespace corvane {
@@ -59,6 +60,9 @@ std::unique_ptr<Desktop> openLiveDesktop(Desktop::Options options) {
   if (int32_t twips = twipsPerPixelOf(display)) options.twipsPerPixelX = options.twipsPerPixelY = twips;
   options.makeWindows = [display](Clock& clock, int32_t, int32_t) {
     return std::make_unique<LiveWindowManager>(clock, display);
+  };
+  options.makeDialogs = [](WindowManager& windows) -> std::unique_ptr<DialogApi> {
+    return std::make_unique<GtkDialogs>(dynamic_cast<LiveWindowManager&>(windows));
   };
   return std::make_unique<Desktop>(options);
 }

@@ -122,13 +122,20 @@ void LiveWindowManager::applyStates(const DesktopWindow& w, Mirror& m) {
     XChangeProperty(m_display, m.xid, m_netWmName, m_utf8, 8, PropModeReplace,
                     reinterpret_cast<const unsigned char*>(w.title.data()), static_cast<int>(w.title.size()));
   }
-  // The desktop decides the size and the place: the window manager is asked to keep both.
+  // The desktop decides the size and the place: the window manager is asked to keep both. A
+  // window with size limits of its own (WM_GETMINMAXINFO) may be resized within them.
   XSizeHints hints{};
   hints.flags = USPosition | USSize | PMinSize | PMaxSize;
   hints.x = w.rect.Left;
   hints.y = w.rect.Top;
   hints.width = hints.min_width = hints.max_width = std::max(1, w.rect.Right - w.rect.Left);
   hints.height = hints.min_height = hints.max_height = std::max(1, w.rect.Bottom - w.rect.Top);
+  if (auto limits = sizeLimits(w.hwnd)) {
+    hints.min_width = std::max(1, limits->ptMinTrackSize.x);
+    hints.min_height = std::max(1, limits->ptMinTrackSize.y);
+    hints.max_width = std::max(hints.min_width, limits->ptMaxTrackSize.x);
+    hints.max_height = std::max(hints.min_height, limits->ptMaxTrackSize.y);
+  }
   XSetWMNormalHints(m_display, m.xid, &hints);
 
   int32_t flags = WS_EX_TOPMOST | WS_EX_TOOLWINDOW;
@@ -224,6 +231,16 @@ void LiveWindowManager::restack() {
   std::vector<Window> topFirst;
   for (auto it = order.rbegin(); it != order.rend(); ++it) topFirst.push_back(m_mirrors[*it].xid);
   if (!topFirst.empty()) XRestackWindows(m_display, topFirst.data(), static_cast<int>(topFirst.size()));
+}
+
+std::optional<MINMAXINFO> LiveWindowManager::sizeLimits(HWND hWnd) {
+  MINMAXINFO system;
+  system.ptMaxSize = POINTAPI{screenWidth(), screenHeight()};
+  system.ptMaxTrackSize = POINTAPI{kMaxWindowSide, kMaxWindowSide};
+  const MINMAXINFO info = minMaxInfo(hWnd);
+  if (info.ptMinTrackSize == system.ptMinTrackSize && info.ptMaxTrackSize == system.ptMaxTrackSize)
+    return std::nullopt;
+  return info;
 }
 
 void LiveWindowManager::syncWindows() {
@@ -344,6 +361,15 @@ void LiveWindowManager::handle(XEvent& e) {
         Mirror& m = m_mirrors[h];
         m.rect = RECT{x, y, x + (w->rect.Right - w->rect.Left), y + (w->rect.Bottom - w->rect.Top)};
         WindowManager::SetWindowPos(h, 0, x, y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+      }
+      // A window with size limits follows a new size, held within its limits; the next round
+      // gives a size outside them back to the real window.
+      w = window(h);
+      const int32_t width = e.xconfigure.width, height = e.xconfigure.height;
+      if (w && (width != w->rect.Right - w->rect.Left || height != w->rect.Bottom - w->rect.Top) &&
+          sizeLimits(h)) {
+        m_mirrors[h].rect = RECT{w->rect.Left, w->rect.Top, w->rect.Left + width, w->rect.Top + height};
+        WindowManager::SetWindowPos(h, 0, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
       }
       break;
     }

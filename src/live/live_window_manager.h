@@ -66,6 +66,8 @@ class LiveWindowManager : public WindowManager {
   void updateCursor();
   // Grabs the pointer as capture and clip ask: for the capturing window, confined to the clip.
   void grabPointer();
+  // The tracking sizes a window asks for, when they differ from the system's.
+  std::optional<MINMAXINFO> sizeLimits(HWND hWnd);
 
   Display* m_display;
   Window m_root;

@@ -8,4 +8,5 @@ inline GdiApi& gdi() { return platform().gdi(); }
 inline UserApi& user() { return platform().user(); }
 inline SystemApi& sys() { return platform().system(); }
 inline RegistryApi& reg() { return platform().registry(); }
+inline DialogApi& dlg() { return platform().dialogs(); }
 }  // namespace corvane

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include <corvane/export.h>
+#include <corvane/platform/dialogs.h>
 #include <corvane/platform/types.h>
 
 // The platform layer: the drawing, window and system operations the controls use, under their
@@ -243,6 +244,8 @@ class CORVANE_API Platform {
   virtual UserApi& user() = 0;
   virtual SystemApi& system() = 0;
   virtual RegistryApi& registry() = 0;
+  // The common dialogs. A platform without them answers every dialog with a cancel.
+  virtual DialogApi& dialogs();
 };
 
 // The platform in use, which the application object sets up. Without one, any window, drawing or
