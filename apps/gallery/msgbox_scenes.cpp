@@ -2,15 +2,15 @@
 // The extended message box: a plain box, one with its details open, one with the check box and
 // one counting down, each shown as it stands on the screen; and a launcher whose buttons open
 // each of them for real, so that a person at the live gallery can answer them.
-#include <memory>
-#include <string>
-
 #include <corvane/host/label.h>
 #include <corvane/host/picture_box.h>
 #include <corvane/msgbox/frm_msg_box_ie.h>
 #include <corvane/msgbox/msg.h>
 #include <corvane/msgbox/msg_button.h>
 #include <corvane/platform/api.h>
+
+#include <memory>
+#include <string>
 
 #include "gallery.h"
 
@@ -65,8 +65,8 @@ FormRef plainBox(Msg& m) {
 }
 
 FormRef detailsBox(Msg& m, bool open) {
-  m.MsgBoxEx("Die Datenbank konnte nicht geöffnet werden.", vbRetryCancel, "Fehler beim Laden", "", 0, exNoModal,
-             kDetails, true, m.imgCritical());
+  m.MsgBoxEx("Die Datenbank konnte nicht geöffnet werden.", vbRetryCancel, "Fehler beim Laden", "", 0,
+             exNoModal, kDetails, true, m.imgCritical());
   if (open) frmMsgBoxIe::instance().cmdDetail_Click();
   return frmMsgBoxIe::instance().formRef();
 }
@@ -108,7 +108,8 @@ std::vector<Scene> msgboxScenes() {
          auto answer = std::make_shared<Label>();
          f->add(answer, "Label", "lblAnswer", nullptr, 10 * kTwips, 110 * kTwips, 280 * kTwips, 20 * kTwips);
          answer->setCaption("Antwort: -");
-         const char* captions[] = {"Einfache Meldung", "Mit Details", "Mit Kontrollkästchen", "Mit Countdown"};
+         const char* captions[] = {"Einfache Meldung", "Mit Details", "Mit Kontrollkästchen",
+                                   "Mit Countdown"};
          for (int i = 0; i < 4; ++i) {
            auto b = std::make_shared<MsgButton>();
            f->add(b, "CommandButton", "cmdOpen" + std::to_string(i), nullptr, (10 + (i % 2) * 145) * kTwips,
@@ -120,16 +121,20 @@ std::vector<Scene> msgboxScenes() {
              auto m = weak.lock();
              if (!m) return;
              int32_t value = 0;
-             if (i == 0) value = m->MsgBoxEx("Die Änderungen wurden gespeichert.", vbOKOnly, "Kundenverwaltung");
+             if (i == 0)
+               value = m->MsgBoxEx("Die Änderungen wurden gespeichert.", vbOKOnly, "Kundenverwaltung");
              if (i == 1)
                value = m->MsgBoxEx("Die Datenbank konnte nicht geöffnet werden.", vbRetryCancel,
                                    "Fehler beim Laden", "", 0, 0, kDetails, true);
-             if (i == 2) value = m->MsgBoxEx("Neue Einträge werden gesichert.", vbOKOnly, "Hinweis", "", 0, exShowCheck);
+             if (i == 2)
+               value =
+                   m->MsgBoxEx("Neue Einträge werden gesichert.", vbOKOnly, "Hinweis", "", 0, exShowCheck);
              if (i == 3)
-               value = m->MsgBoxEx("Soll der Vorgang fortgesetzt werden?", vbYesNo + vbDefaultButton2, "Rückfrage",
-                                   "", 0, exAutoClose);
+               value = m->MsgBoxEx("Soll der Vorgang fortgesetzt werden?", vbYesNo + vbDefaultButton2,
+                                   "Rückfrage", "", 0, exAutoClose);
              if (auto l = label.lock())
-               l->setCaption("Antwort: " + std::to_string(value) + (m->DisplayAgain ? "" : ", nicht mehr anzeigen"));
+               l->setCaption("Antwort: " + std::to_string(value) +
+                             (m->DisplayAgain ? "" : ", nicht mehr anzeigen"));
            });
          }
          return f;

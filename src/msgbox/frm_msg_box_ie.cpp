@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include <corvane/msgbox/frm_msg_box_ie.h>
-
-#include <algorithm>
-
 #include <corvane/host/label.h>
 #include <corvane/host/picture_box.h>
 #include <corvane/host/screen.h>
 #include <corvane/html/vex_html.h>
+#include <corvane/msgbox/frm_msg_box_ie.h>
 #include <corvane/msgbox/msg.h>
 #include <corvane/msgbox/msg_button.h>
 #include <corvane/msgbox/msg_timer.h>
@@ -18,6 +15,8 @@
 #include <corvane/runtime/strings.h>
 #include <corvane/runtime/val.h>
 #include <corvane/system/my_tools.h>
+
+#include <algorithm>
 
 #include "host/window_geometry.h"
 
@@ -133,7 +132,8 @@ void frmMsgBoxIe::createWindow() {
   m_form = f;
   f->surface().setFont(StdFont::create(FontSpec{"Tahoma", 8}));
   auto client = std::make_shared<PictureBox>();
-  f->add(client, "PictureBox", "picClient", nullptr, kBorder * tx(), (kBorder + kCaptionBar) * ty(), 6000, 2000);
+  f->add(client, "PictureBox", "picClient", nullptr, kBorder * tx(), (kBorder + kCaptionBar) * ty(), 6000,
+         2000);
   client->surface().setScaleMode(Surface::Twips);
   auto label = std::make_shared<Label>();
   f->add(label, "Label", "lblMsg", client.get(), 0, 0, 1000, 200);
@@ -201,7 +201,8 @@ void frmMsgBoxIe::drawFrame() {
   FontSpec bold{"Tahoma", 8};
   bold.bold = true;
   OLE_COLOR text = static_cast<OLE_COLOR>(0x80000000 | COLOR_CAPTIONTEXT);
-  Label::drawText(hdc, bold, text, f->Caption(), RECT{bar.Left + 2, bar.Top, bar.Right - kCloseBox - 4, bar.Bottom},
+  Label::drawText(hdc, bold, text, f->Caption(),
+                  RECT{bar.Left + 2, bar.Top, bar.Right - kCloseBox - 4, bar.Bottom},
                   DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
   if (std::find(m_systemMenu.begin(), m_systemMenu.end(), "Schließen") != m_systemMenu.end()) {
     RECT box{bar.Right - kCloseBox - 2, bar.Top + 2, bar.Right - 2, bar.Bottom - 2};
@@ -219,7 +220,8 @@ void frmMsgBoxIe::onFrameMouseUp(float x, float y) {
   if (!f) return;
   int32_t px = CLng(x / tx()), py = CLng(y / ty());
   int32_t right = f->surface().pixelWidth() - kBorder;
-  if (py >= kBorder && py < kBorder + kCaptionBar && px >= right - kCloseBox - 2 && px < right - 2) systemClose();
+  if (py >= kBorder && py < kBorder + kCaptionBar && px >= right - kCloseBox - 2 && px < right - 2)
+    systemClose();
 }
 
 // ---- building ----
@@ -343,13 +345,27 @@ std::string frmMsgBoxIe::build(const Msg& o, const MsgBoxRequest& rq) {
   std::vector<Button> set;
   int32_t start = 1;
   switch (b) {
-    case 1: set = {{o.strOk(), "1"}, {o.strCancel(), "2"}}, start = 2; break;
-    case 2: set = {{o.strAbord(), "3"}, {o.strRetry(), "4"}, {o.strIgnore(), "5"}}, start = 2; break;
-    case 3: set = {{o.strYes(), "6"}, {o.strNo(), "7"}, {o.strCancel(), "2"}}, start = 2; break;
-    case 4: set = {{o.strYes(), "6"}, {o.strNo(), "7"}}, start = 0; break;
-    case 5: set = {{o.strRetry(), "4"}, {o.strCancel(), "2"}}, start = 2; break;
-    case 0: set = {{o.strOk(), "1"}}, start = 1; break;
-    default: start = 0; break;  // no set of that value: the OK button alone, and no way to cancel
+    case 1:
+      set = {{o.strOk(), "1"}, {o.strCancel(), "2"}}, start = 2;
+      break;
+    case 2:
+      set = {{o.strAbord(), "3"}, {o.strRetry(), "4"}, {o.strIgnore(), "5"}}, start = 2;
+      break;
+    case 3:
+      set = {{o.strYes(), "6"}, {o.strNo(), "7"}, {o.strCancel(), "2"}}, start = 2;
+      break;
+    case 4:
+      set = {{o.strYes(), "6"}, {o.strNo(), "7"}}, start = 0;
+      break;
+    case 5:
+      set = {{o.strRetry(), "4"}, {o.strCancel(), "2"}}, start = 2;
+      break;
+    case 0:
+      set = {{o.strOk(), "1"}}, start = 1;
+      break;
+    default:
+      start = 0;
+      break;  // no set of that value: the OK button alone, and no way to cancel
   }
   for (size_t i = 0; i < set.size(); ++i) {
     cmdSys(static_cast<int>(i))->setCaption(set[i].caption);
@@ -611,7 +627,8 @@ void frmMsgBoxIe::cmdSys_Click(int index) {
   if (index == 3) {
     // Help for the box's context, and the box stays.
     const std::string& helpFile = App::instance().HelpFile();
-    if (!helpFile.empty()) ShellExecuteA(0, "open", helpFile + "#" + std::to_string(HelpContextID), "", "", 1);
+    if (!helpFile.empty())
+      ShellExecuteA(0, "open", helpFile + "#" + std::to_string(HelpContextID), "", "", 1);
     return;
   }
   result = static_cast<int32_t>(Val(cmdSys(index)->Tag));
@@ -706,7 +723,8 @@ void frmMsgBoxIe::cmdCopier_Click() {
   }
 }
 
-std::string frmMsgBoxIe::mailToLink(const std::string& address, const std::string& subject, const std::string& body) {
+std::string frmMsgBoxIe::mailToLink(const std::string& address, const std::string& subject,
+                                    const std::string& body) {
   std::string b = Replace(body, "\t", " ");
   b = Replace(b, " ", "%20");
   b = Replace(b, "\"", "'");

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include <corvane/msgbox/msg.h>
-
 #include <corvane/host/screen.h>
 #include <corvane/msgbox/frm_msg_box_ie.h>
+#include <corvane/msgbox/msg.h>
 #include <corvane/platform/api.h>
 #include <corvane/runtime/checked.h>
 #include <corvane/runtime/guard.h>
@@ -43,12 +42,12 @@ const std::map<std::string, std::string>& Msg::textDefaults() {
 
 const std::map<std::string, int32_t>& Msg::lengthDefaults() {
   static const std::map<std::string, int32_t> d = {
-      {"spHleft", 165},       {"spHicon_Label", 240},  {"spHbuttons", 105},    {"spHleftButtons", 165},
-      {"spHrightLabel", 165}, {"spVmiddle", 255},      {"spVup", 165},         {"spVdown", 165},
-      {"spHleftCheck", 90},   {"spVdownCheck", 90},    {"ButtonsWidth", 1200}, {"ButtonsHeight", 360},
-      {"CheckWidth", 3130},   {"CheckHeight", 300},    {"textMoreHeight", 2070}, {"cmdSendWidth", 3500},
-      {"cmdSendHeight", 360}, {"cmdMoreWidth", 1200},  {"cmdMoreHeight", 360}, {"formMaxWidth", 9990},
-      {"formMinWidth", 4000}, {"spHrightMore", 150},   {"spVdownMore", 90},    {"FormTop", 0},
+      {"spHleft", 165},       {"spHicon_Label", 240}, {"spHbuttons", 105},      {"spHleftButtons", 165},
+      {"spHrightLabel", 165}, {"spVmiddle", 255},     {"spVup", 165},           {"spVdown", 165},
+      {"spHleftCheck", 90},   {"spVdownCheck", 90},   {"ButtonsWidth", 1200},   {"ButtonsHeight", 360},
+      {"CheckWidth", 3130},   {"CheckHeight", 300},   {"textMoreHeight", 2070}, {"cmdSendWidth", 3500},
+      {"cmdSendHeight", 360}, {"cmdMoreWidth", 1200}, {"cmdMoreHeight", 360},   {"formMaxWidth", 9990},
+      {"formMinWidth", 4000}, {"spHrightMore", 150},  {"spVdownMore", 90},      {"FormTop", 0},
       {"FormLeft", 0},        {"DelaySec", 3},
   };
   return d;
@@ -56,8 +55,8 @@ const std::map<std::string, int32_t>& Msg::lengthDefaults() {
 
 const std::vector<std::string>& Msg::pictureKeys() {
   static const std::vector<std::string> k = {
-      "imgCritical", "imgQuestion", "imgExclamation", "imgInformation", "imOk",      "imYes",
-      "imNo",        "imCancel",    "imRetry",        "imAbort",        "imIgnore",  "imCmdSend",
+      "imgCritical", "imgQuestion", "imgExclamation", "imgInformation", "imOk",     "imYes",
+      "imNo",        "imCancel",    "imRetry",        "imAbort",        "imIgnore", "imCmdSend",
       "imCmdMore",   "imCmdHelp",   "imDelete",       "imFehler",       "imSave"};
   return k;
 }
@@ -117,18 +116,22 @@ void Msg::ReadProperties(PropertyBag& bag) {
     guarded([&] { m_pictures[key] = bag.ReadProperty(key, Variant()).as<PictureRef>(); });
   guarded([&] { m_GrayScale = bag.ReadProperty("GrayScale", false).toBool(); });
   guarded([&] {
-    m_SendMethode = static_cast<exSendMethode>(bag.ReadProperty("SendMethode", static_cast<int32_t>(exNone)).toLong());
+    m_SendMethode =
+        static_cast<exSendMethode>(bag.ReadProperty("SendMethode", static_cast<int32_t>(exNone)).toLong());
   });
 }
 
 void Msg::WriteProperties(PropertyBag& bag) {
-  for (const auto& [key, value] : textDefaults()) guarded([&] { bag.WriteProperty(key, m_texts.at(key), value); });
+  for (const auto& [key, value] : textDefaults())
+    guarded([&] { bag.WriteProperty(key, m_texts.at(key), value); });
   for (const auto& [key, value] : lengthDefaults())
     guarded([&] { bag.WriteProperty(key, m_lengths.at(key), value); });
   for (const auto& key : pictureKeys())
     guarded([&] { bag.WriteProperty(key, pictureToStore(m_pictures.at(key)), Variant()); });
   guarded([&] { bag.WriteProperty("GrayScale", m_GrayScale, false); });
-  guarded([&] { bag.WriteProperty("SendMethode", static_cast<int32_t>(m_SendMethode), static_cast<int32_t>(exNone)); });
+  guarded([&] {
+    bag.WriteProperty("SendMethode", static_cast<int32_t>(m_SendMethode), static_cast<int32_t>(exNone));
+  });
 }
 
 void Msg::onResize() {
@@ -149,11 +152,15 @@ void Msg::onResize() {
 }
 
 int32_t Msg::MsgBoxEx(const std::string& Prompt, int32_t buttons, const std::string& Title,
-                      const std::string& HelpFile, int32_t Context, int32_t exOptions, const std::string& Details,
-                      bool DetailsCopySendButton, const PictureRef& Icon, bool UseCustomButtonText) {
+                      const std::string& HelpFile, int32_t Context, int32_t exOptions,
+                      const std::string& Details, bool DetailsCopySendButton, const PictureRef& Icon,
+                      bool UseCustomButtonText) {
   frmMsgBoxIe& box = frmMsgBoxIe::instance();
-  MsgBoxRequest request{Prompt, buttons, Title, HelpFile, Context, exOptions, Details, DetailsCopySendButton,
-                        Icon,   UseCustomButtonText};
+  MsgBoxRequest request{Prompt,  buttons,
+                        Title,   HelpFile,
+                        Context, exOptions,
+                        Details, DetailsCopySendButton,
+                        Icon,    UseCustomButtonText};
   std::string shownTitle = box.build(*this, request);
   if (UseCustomButtonText) {
     // The custom texts serve one box only.
@@ -187,14 +194,16 @@ const Dispatch* Msg::dispatch() const {
     }
     for (const auto& [key, value] : lengthDefaults()) {
       std::string k = key;
-      t.addGetter(k, [k](Object& o, Dispatch::Args&) { return Variant(static_cast<Msg&>(o).m_lengths.at(k)); });
+      t.addGetter(k,
+                  [k](Object& o, Dispatch::Args&) { return Variant(static_cast<Msg&>(o).m_lengths.at(k)); });
       t.addSetter(k, [k](Object& o, Dispatch::Args&, const Variant& v) {
         static_cast<Msg&>(o).setLengthValue(k, v.toLong());
       });
     }
     for (const auto& key : pictureKeys()) {
       std::string k = key;
-      t.addGetter(k, [k](Object& o, Dispatch::Args&) { return Variant(static_cast<Msg&>(o).m_pictures.at(k)); });
+      t.addGetter(k,
+                  [k](Object& o, Dispatch::Args&) { return Variant(static_cast<Msg&>(o).m_pictures.at(k)); });
       t.addSetter(k, [k](Object& o, Dispatch::Args&, const Variant& v) {
         static_cast<Msg&>(o).setPictureValue(k, v.as<PictureRef>());
       });
@@ -207,10 +216,11 @@ const Dispatch* Msg::dispatch() const {
         .method("MsgBoxEx", [](Msg& m, Dispatch::Args& a) {
           auto arg = [&](size_t i) { return i < a.size() && !a[i].isEmpty(); };
           return m.MsgBoxEx(a.at(0).toString(), arg(1) ? a[1].toLong() : 0,
-                            arg(2) ? a[2].toString() : std::string("App.title"), arg(3) ? a[3].toString() : "",
-                            arg(4) ? a[4].toLong() : 0, arg(5) ? a[5].toLong() : 0,
-                            arg(6) ? a[6].toString() : "", arg(7) ? a[7].toBool() : false,
-                            arg(8) ? a[8].as<PictureRef>() : nullptr, arg(9) ? a[9].toBool() : false);
+                            arg(2) ? a[2].toString() : std::string("App.title"),
+                            arg(3) ? a[3].toString() : "", arg(4) ? a[4].toLong() : 0,
+                            arg(5) ? a[5].toLong() : 0, arg(6) ? a[6].toString() : "",
+                            arg(7) ? a[7].toBool() : false, arg(8) ? a[8].as<PictureRef>() : nullptr,
+                            arg(9) ? a[9].toBool() : false);
         });
     t.addSetter("SendMethode", [](Object& o, Dispatch::Args&, const Variant& v) {
       static_cast<Msg&>(o).setSendMethode(static_cast<exSendMethode>(v.toLong()));
@@ -222,9 +232,10 @@ const Dispatch* Msg::dispatch() const {
       static_cast<Msg&>(o).setTempButtonsWidth(v.toLong());
     });
     for (int i = 0; i < 4; ++i)
-      t.addSetter("TempButtonsText" + std::to_string(i + 1), [i](Object& o, Dispatch::Args&, const Variant& v) {
-        static_cast<Msg&>(o).m_TempButtonsText[i] = v.toString();
-      });
+      t.addSetter("TempButtonsText" + std::to_string(i + 1),
+                  [i](Object& o, Dispatch::Args&, const Variant& v) {
+                    static_cast<Msg&>(o).m_TempButtonsText[i] = v.toString();
+                  });
     return t;
   }();
   return &d;

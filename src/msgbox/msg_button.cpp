@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include <corvane/msgbox/msg_button.h>
-
-#include <algorithm>
-
 #include <corvane/host/label.h>
 #include <corvane/host/screen.h>
+#include <corvane/msgbox/msg_button.h>
 #include <corvane/platform/api.h>
 #include <corvane/runtime/checked.h>
+
+#include <algorithm>
 
 #include "host/window_geometry.h"
 

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <corvane/msgbox/msg_timer.h>
-
 #include <corvane/platform/api.h>
 
 namespace corvane {

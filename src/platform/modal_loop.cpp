@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include <corvane/platform/api.h>
 #include <corvane/platform/modal_loop.h>
+#include <corvane/runtime/runtime_error.h>
 
 #include <deque>
-
-#include <corvane/platform/api.h>
-#include <corvane/runtime/runtime_error.h>
 
 namespace corvane {
 

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <corvane/platform/shell.h>
-
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -35,7 +34,9 @@ int32_t ShellExecuteA(HWND hWnd, const std::string& operation, const std::string
   if (operation != "open") return 31;
   // Collects the openers that have ended, so that none stays behind as a zombie; one the caller
   // collected itself is gone as well.
-  std::erase_if(s.running, [](pid_t p) { return waitpid(p, nullptr, WNOHANG) != 0; });  // no association for another verb
+  std::erase_if(s.running, [](pid_t p) {
+    return waitpid(p, nullptr, WNOHANG) != 0;
+  });  // no association for another verb
   // The opener and the file as two separate arguments: no shell sees the text.
   std::string program = s.opener, argument = file;
   char* argv[] = {program.data(), argument.data(), nullptr};

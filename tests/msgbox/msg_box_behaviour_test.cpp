@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
 // A running box, driven by the desktop's mouse and keyboard and by the virtual clock.
-#include <gtest/gtest.h>
-
 #include <corvane/html/html_source.h>
 #include <corvane/html/vex_html.h>
 #include <corvane/msgbox/msg_timer.h>
@@ -9,6 +7,7 @@
 #include <corvane/runtime/runtime_error.h>
 #include <corvane/runtime/strings.h>
 #include <corvane/system/my_tools.h>
+#include <gtest/gtest.h>
 
 #include "msgbox/msg_box_fixture.h"
 
@@ -46,6 +45,15 @@ TEST_F(MsgBoxBehaviourTest, TheCloseBoxOfTheCaptionBarClosesThroughTheSystemMenu
     desktop().click(r.Right - 3 - 9, r.Top + 3 + 9);  // the middle of the drawn close box
   });
   EXPECT_EQ(msg->MsgBoxEx("Hallo", vbOKCancel), vbCancel);
+}
+
+TEST_F(MsgBoxBehaviourTest, AnOkBoxReturnsOneByTheCloseBoxOfItsWindow) {
+  step([&] {
+    RECT r;
+    user().GetWindowRect(box().form()->hWnd(), r);
+    desktop().click(r.Right - 3 - 9, r.Top + 3 + 9);
+  });
+  EXPECT_EQ(msg->MsgBoxEx("Hallo", 0, "T", "", 0, 0), vbOK);
 }
 
 TEST_F(MsgBoxBehaviourTest, CancellableBoxesReturnTheirStartResultWhenClosed) {
@@ -151,7 +159,8 @@ TEST_F(MsgBoxBehaviourTest, AutoCloseWithoutADelaySettingClosesAfterThreeSeconds
 }
 
 TEST_F(MsgBoxBehaviourTest, AutoCloseWithTheThirdButtonAsDefault) {
-  EXPECT_EQ(msg->MsgBoxEx("Was tun?", vbAbortRetryIgnore + vbDefaultButton3, "T", "", 0, exAutoClose), vbIgnore);
+  EXPECT_EQ(msg->MsgBoxEx("Was tun?", vbAbortRetryIgnore + vbDefaultButton3, "T", "", 0, exAutoClose),
+            vbIgnore);
 }
 
 TEST_F(MsgBoxBehaviourTest, TheCheckBoxValueReachesTheHost) {
@@ -215,7 +224,8 @@ TEST_F(MsgBoxBehaviourTest, TheDetailsWithCopyButtonOpenByTheButtonsHeightToo) {
   step([&] {
     int32_t closed = box().Height();
     box().cmdDetail_Click();
-    int32_t d = box().placeOf(*box().cmdCopier()).Height + box().placeOf(*box().txtDetail()).Height + 12 * ty();
+    int32_t d =
+        box().placeOf(*box().cmdCopier()).Height + box().placeOf(*box().txtDetail()).Height + 12 * ty();
     EXPECT_EQ(box().Height(), closed + d);
     pressEscape();
   });
@@ -256,8 +266,8 @@ std::string expectedReport(const std::string& stamp, const std::string& caption,
   const std::string sep = "-------------------------------------", crlf = "\r\n";
   cMyTools tools;
   std::string word = Replace(Replace(tools.OSVersion(), "Vista", "W6"), "Failed", "F");
-  return sep + crlf + stamp + word + ":" + crlf + sep + crlf + caption + crlf + sep + crlf + message + crlf + sep +
-         crlf + details + crlf + sep + crlf;
+  return sep + crlf + stamp + word + ":" + crlf + sep + crlf + caption + crlf + sep + crlf + message + crlf +
+         sep + crlf + details + crlf + sep + crlf;
 }
 
 std::string stampNow() { return FormatDate(Now(), "<dd.mm.yyyy hh:nn:ss> - "); }
@@ -278,7 +288,8 @@ TEST_F(MsgBoxBehaviourTest, TheReportOnTheClipboardFollowsItsLayout) {
     pressEscape();
   });
   msg->MsgBoxEx("Die Datei fehlt.", 0, "Fehler beim Laden", "", 0, 0, "Pfad: <b>C:\\x.txt</b>", true);
-  std::string details = Replace(Replace(html::normaliseHtmlSource("Pfad: <b>C:\\x.txt</b>"), "<b>", ""), "</b>", "");
+  std::string details =
+      Replace(Replace(html::normaliseHtmlSource("Pfad: <b>C:\\x.txt</b>"), "<b>", ""), "</b>", "");
   EXPECT_TRUE(clip == expectedReport(before, "Fehler beim Laden", "Die Datei fehlt.", details) ||
               clip == expectedReport(after, "Fehler beim Laden", "Die Datei fehlt.", details))
       << clip;
@@ -321,7 +332,8 @@ TEST_F(MsgBoxBehaviourTest, SendAutoAsksTheHostToSendAfterTheBoxHasEnded) {
 
 TEST_F(MsgBoxBehaviourTest, ClosedIsRaisedWithoutSendClickWhenNothingWasSent) {
   std::vector<std::string> events;
-  msg->SendClick.connect([&](const std::string&, const std::string&, const std::string&) { events.push_back("S"); });
+  msg->SendClick.connect(
+      [&](const std::string&, const std::string&, const std::string&) { events.push_back("S"); });
   msg->Closed.connect([&](const std::string& t) { events.push_back("Closed " + t); });
   step([&] { pressEscape(); });
   msg->MsgBoxEx("Meldung", 0, "Titel");
@@ -456,9 +468,14 @@ TEST_F(MsgBoxBehaviourTest, AModalBoxThatNothingClosesIsAnErrorAndNoHang) {
 
 TEST_F(MsgBoxBehaviourTest, ButtonsReturnTheirValues) {
   const std::vector<std::tuple<int32_t, int, int32_t>> cases = {
-      {vbOKCancel, 0, vbOK},        {vbOKCancel, 1, vbCancel},     {vbAbortRetryIgnore, 0, vbAbort},
-      {vbAbortRetryIgnore, 1, vbRetry}, {vbAbortRetryIgnore, 2, vbIgnore}, {vbYesNoCancel, 0, vbYes},
-      {vbYesNoCancel, 2, vbCancel}, {vbRetryCancel, 0, vbRetry},
+      {vbOKCancel, 0, vbOK},
+      {vbOKCancel, 1, vbCancel},
+      {vbAbortRetryIgnore, 0, vbAbort},
+      {vbAbortRetryIgnore, 1, vbRetry},
+      {vbAbortRetryIgnore, 2, vbIgnore},
+      {vbYesNoCancel, 0, vbYes},
+      {vbYesNoCancel, 2, vbCancel},
+      {vbRetryCancel, 0, vbRetry},
   };
   for (const auto& [style, index, value] : cases) {
     int i = index;

@@ -1,11 +1,5 @@
 // SPDX-License-Identifier: MIT
 #pragma once
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <memory>
-#include <string>
-
 #include <corvane/host/label.h>
 #include <corvane/host/screen.h>
 #include <corvane/msgbox/frm_msg_box_ie.h>
@@ -14,6 +8,11 @@
 #include <corvane/platform/api.h>
 #include <corvane/platform/modal_loop.h>
 #include <corvane/platform/shell.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <memory>
+#include <string>
 
 #include "support/desktop_fixture.h"
 
@@ -48,7 +47,9 @@ class MsgBoxTest : public DesktopTest {
   static int32_t tx() { return static_cast<int32_t>(Screen::instance().TwipsPerPixelX()); }
   static int32_t ty() { return static_cast<int32_t>(Screen::instance().TwipsPerPixelY()); }
   // A length in twips as a window has it: in whole pixels.
-  static int32_t px(int32_t twips) { return static_cast<int32_t>(std::nearbyint(twips / static_cast<double>(tx()))) * tx(); }
+  static int32_t px(int32_t twips) {
+    return static_cast<int32_t>(std::nearbyint(twips / static_cast<double>(tx()))) * tx();
+  }
 
   // The size in twips that an autosizing label in the box's font gives a text.
   std::pair<int32_t, int32_t> measure(const std::string& text) {

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 // The measuring and arrangement of a box, each figure worked out from the spacings of its Msg
 // control and the measured sizes of the texts.
-#include <gtest/gtest.h>
-
 #include <corvane/frame/global.h>
 #include <corvane/host/picture_box.h>
 #include <corvane/html/html_source.h>
 #include <corvane/html/vex_html.h>
 #include <corvane/runtime/strings.h>
+#include <gtest/gtest.h>
 
 #include "msgbox/msg_box_fixture.h"
 
@@ -252,7 +251,8 @@ TEST_F(MsgBoxLayoutTest, WithDetailsTheCheckBoxAddsNoHeight) {
 
 TEST_F(MsgBoxLayoutTest, PositionOnScreenOwnerOrByHand) {
   open("Hallo");
-  int32_t sw = static_cast<int32_t>(Screen::instance().Width()), sh = static_cast<int32_t>(Screen::instance().Height());
+  int32_t sw = static_cast<int32_t>(Screen::instance().Width()),
+          sh = static_cast<int32_t>(Screen::instance().Height());
   EXPECT_NEAR(box().Left(), (sw - box().Width()) / 2, tx());
   EXPECT_NEAR(box().Top(), (sh - box().Height()) / 2, ty());
   msg->setFormLeft(1500);
@@ -281,7 +281,8 @@ TEST_F(MsgBoxLayoutTest, TheApplicationsTitleStandsForTheDefault) {
 }
 
 TEST_F(MsgBoxLayoutTest, DeleteConfirmationAndContextPicturesMakeTheBoxSystemModal) {
-  PictureRef del = icon32(), err = Global::LoadIconPicture("hover_demo_hot"), save = Global::LoadIconPicture("hover_demo_down");
+  PictureRef del = icon32(), err = Global::LoadIconPicture("hover_demo_hot"),
+             save = Global::LoadIconPicture("hover_demo_down");
   msg->setimDelete(del);
   msg->setimFehler(err);
   msg->setimSave(save);
@@ -319,7 +320,7 @@ TEST_F(MsgBoxLayoutTest, BadInputGivesABoxAndNoFailure) {
   open("Hallo", -5, "");
   EXPECT_TRUE(box().isOpen());
   EXPECT_EQ(box().cmdSys(0)->Tag, "1");  // the OK button, the one way out
-  open("Hallo", 0, "T", 0x7FFFFF00);      // unknown option bits are ignored
+  open("Hallo", 0, "T", 0x7FFFFF00);     // unknown option bits are ignored
   EXPECT_EQ(box().result, 1);
   open(std::string(20000, 'x'), 0);
   EXPECT_GT(box().Width(), 9990);

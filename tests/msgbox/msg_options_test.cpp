@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include <gtest/gtest.h>
-
 #include <corvane/host/property_bag.h>
 #include <corvane/runtime/class_registry.h>
+#include <gtest/gtest.h>
 
 #include "msgbox/msg_box_fixture.h"
 
@@ -42,11 +41,10 @@ const std::vector<std::pair<std::string, int32_t>> kLengths = {
     {"FormLeft", 0},        {"DelaySec", 3},
 };
 
-const std::vector<std::string> kPictures = {"imgCritical", "imgQuestion", "imgExclamation", "imgInformation",
-                                            "imOk",        "imYes",       "imNo",           "imCancel",
-                                            "imRetry",     "imAbort",     "imIgnore",       "imCmdSend",
-                                            "imCmdMore",   "imCmdHelp",   "imDelete",       "imFehler",
-                                            "imSave"};
+const std::vector<std::string> kPictures = {
+    "imgCritical", "imgQuestion", "imgExclamation", "imgInformation", "imOk",     "imYes",
+    "imNo",        "imCancel",    "imRetry",        "imAbort",        "imIgnore", "imCmdSend",
+    "imCmdMore",   "imCmdHelp",   "imDelete",       "imFehler",       "imSave"};
 
 // A control read from a bag that holds every key but one, each other key with a marked value.
 std::shared_ptr<Msg> readWithout(Form& f, const std::string& missing, int n) {
@@ -55,7 +53,8 @@ std::shared_ptr<Msg> readWithout(Form& f, const std::string& missing, int n) {
     if (k != missing) bag.set(k, Variant(std::string("x")));
   for (const auto& [k, v] : kLengths)
     if (k != missing) bag.set(k, Variant(int32_t{7}));
-  auto m = std::dynamic_pointer_cast<Msg>(f.add("Msg", "MsgRead" + std::to_string(n), nullptr, 0, 0, -1, -1, &bag));
+  auto m = std::dynamic_pointer_cast<Msg>(
+      f.add("Msg", "MsgRead" + std::to_string(n), nullptr, 0, 0, -1, -1, &bag));
   return m;
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The shell's "open" starts the opener directly, with the address as its one argument: a mail
 // body full of shell syntax arrives unchanged but for the mail escaping, and none of it runs.
+#include <corvane/msgbox/frm_msg_box_ie.h>
+#include <corvane/platform/shell.h>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -8,9 +10,6 @@
 #include <filesystem>
 #include <fstream>
 #include <sstream>
-
-#include <corvane/msgbox/frm_msg_box_ie.h>
-#include <corvane/platform/shell.h>
 
 namespace corvane::test {
 namespace {
@@ -53,9 +52,10 @@ TEST_F(ShellOpenTest, AMailBodyWithShellSyntaxReachesTheOpenerAsOneArgumentAndNo
                      "` | & > " + marker + "\r\nZeile zwei\nGrüße, Æøå — 日本";
   std::string link = frmMsgBoxIe::mailToLink("hilfe@example.invalid", "Betreff; $(id)", body);
   // The mail escaping alone: blanks, quotes, ampersands and CRLF; the rest stays.
-  EXPECT_EQ(link, "mailto:hilfe@example.invalid?subject=Betreff; $(id)&body=Zitat%20'a'%20und%20'b';%20touch%20" +
-                      marker + ";%20$(touch%20" + marker + ")%20`touch%20" + marker + "`%20|%20%26%20>%20" + marker +
-                      "%0D%0AZeile%20zwei\nGrüße,%20Æøå%20—%20日本");
+  EXPECT_EQ(link,
+            "mailto:hilfe@example.invalid?subject=Betreff; $(id)&body=Zitat%20'a'%20und%20'b';%20touch%20" +
+                marker + ";%20$(touch%20" + marker + ")%20`touch%20" + marker + "`%20|%20%26%20>%20" +
+                marker + "%0D%0AZeile%20zwei\nGrüße,%20Æøå%20—%20日本");
   frmMsgBoxIe::MailTo("hilfe@example.invalid", "Betreff; $(id)", body);
   ASSERT_GT(lastShellProcess(), 0);
   EXPECT_EQ(received(), "1\n" + link);

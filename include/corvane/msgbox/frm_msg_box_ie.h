@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
+#include <corvane/export.h>
+#include <corvane/host/form.h>
+#include <corvane/host/std_picture.h>
+
 #include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
-
-#include <corvane/export.h>
-#include <corvane/host/form.h>
-#include <corvane/host/std_picture.h>
 
 namespace corvane {
 
@@ -122,7 +122,8 @@ class CORVANE_API frmMsgBoxIe {
   // The version word as the report shows it.
   static std::string reportVersionWord();
   // The link handed to the mail client, with the body escaped.
-  static std::string mailToLink(const std::string& address, const std::string& subject, const std::string& body);
+  static std::string mailToLink(const std::string& address, const std::string& subject,
+                                const std::string& body);
   static void MailTo(const std::string& address, const std::string& subject, const std::string& body);
 
   // Ends the box: the window is hidden at once and removed when the caller is out of its handlers.

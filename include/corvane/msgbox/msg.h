@@ -1,30 +1,30 @@
 // SPDX-License-Identifier: MIT
 #pragma once
-#include <cstdint>
-#include <map>
-#include <string>
-
 #include <corvane/export.h>
 #include <corvane/frame/control_base.h>
 #include <corvane/host/std_picture.h>
 #include <corvane/msgbox/ex_msg_box_style.h>
 #include <corvane/msgbox/ex_send_methode.h>
 #include <corvane/msgbox/msg_box_result.h>
-#include <corvane/runtime/event.h>
 #include <corvane/platform/system_macros_begin.h>
+#include <corvane/runtime/event.h>
+
+#include <cstdint>
+#include <map>
+#include <string>
 // <X11/X.h> names a visual class GrayScale; it is set aside here like the other system macros.
 #pragma push_macro("GrayScale")
 #undef GrayScale
 
 // A text, a length or a picture of the box: a getter and a setter under the property's name.
-#define CORVANE_MSG_TEXT(Name)                                        \
-  const std::string& Name() const { return m_texts.at(#Name); }       \
+#define CORVANE_MSG_TEXT(Name)                                  \
+  const std::string& Name() const { return m_texts.at(#Name); } \
   void set##Name(const std::string& value) { setTextValue(#Name, value); }
-#define CORVANE_MSG_LENGTH(Name)                                      \
-  int32_t Name() const { return m_lengths.at(#Name); }                \
+#define CORVANE_MSG_LENGTH(Name)                       \
+  int32_t Name() const { return m_lengths.at(#Name); } \
   void set##Name(int32_t value) { setLengthValue(#Name, value); }
-#define CORVANE_MSG_PICTURE(Name)                                     \
-  PictureRef Name() const { return m_pictures.at(#Name); }            \
+#define CORVANE_MSG_PICTURE(Name)                          \
+  PictureRef Name() const { return m_pictures.at(#Name); } \
   void set##Name(const PictureRef& value) { setPictureValue(#Name, value); }
 
 namespace corvane {
@@ -36,7 +36,9 @@ class CORVANE_API Msg : public ControlBase {
  public:
   Msg();
   std::string typeName() const override { return "Msg"; }
-  DesignForm designForm() const override { return {480, 480, Surface::Twips, static_cast<OLE_COLOR>(0x8000000F)}; }
+  DesignForm designForm() const override {
+    return {480, 480, Surface::Twips, static_cast<OLE_COLOR>(0x8000000F)};
+  }
 
   CORVANE_MSG_TEXT(strOk)
   CORVANE_MSG_TEXT(strRetry)

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
-#include <cstdint>
-#include <string>
-
 #include <corvane/export.h>
 #include <corvane/host/hosted_control.h>
 #include <corvane/runtime/event.h>
+
+#include <cstdint>
+#include <string>
 
 namespace corvane {
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
+#include <corvane/export.h>
+
 #include <cstdint>
 #include <functional>
-
-#include <corvane/export.h>
 
 namespace corvane {
 

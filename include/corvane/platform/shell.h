@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
+#include <corvane/export.h>
+#include <corvane/platform/types.h>
+
 #include <cstdint>
 #include <string>
 #include <vector>
-
-#include <corvane/export.h>
-#include <corvane/platform/types.h>
 
 namespace corvane {
 
@@ -23,7 +23,8 @@ struct CORVANE_API ShellRequest {
 // While recording (the default, and what a headless display wants) nothing is started: the
 // request is kept for tests and 42 is returned.
 CORVANE_API int32_t ShellExecuteA(HWND hWnd, const std::string& operation, const std::string& file,
-                                  const std::string& parameters, const std::string& directory, int32_t showCommand);
+                                  const std::string& parameters, const std::string& directory,
+                                  int32_t showCommand);
 
 CORVANE_API void setShellRecording(bool on);
 CORVANE_API bool shellRecording();
