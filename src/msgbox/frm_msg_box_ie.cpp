@@ -244,6 +244,20 @@ void frmMsgBoxIe::setIcon(const PictureRef& picture) {
   RECT r = clientRectInParent(*ico);
   user().MoveWindow(ico->surface().hWnd(), r.Left, r.Top, size.cx, size.cy, true);
   ico->surface().Cls();
+  if (m_grayScale && picture && picture->Handle()) {
+    // Each pixel as its brightness, and the grey copy becomes the picture, so that a repaint
+    // shows it grey too.
+    HDC hdc = ico->surface().hdc();
+    for (int32_t y = 0; y < size.cy; ++y)
+      for (int32_t x = 0; x < size.cx; ++x) {
+        COLORREF c = gdi().GetPixel(hdc, x, y);
+        if (c == static_cast<COLORREF>(-1)) continue;
+        int32_t level = ((c & 0xFF) * 299 + ((c >> 8) & 0xFF) * 587 + ((c >> 16) & 0xFF) * 114) / 1000;
+        gdi().SetPixel(hdc, x, y, static_cast<COLORREF>(level | (level << 8) | (level << 16)));
+      }
+    ico->surface().setPicture(ico->surface().Image());
+    ico->surface().Cls();
+  }
   user().ShowWindow(ico->surface().hWnd(), SW_SHOWNOACTIVATE);
 }
 
@@ -282,6 +296,7 @@ std::string frmMsgBoxIe::build(const Msg& o, const MsgBoxRequest& rq) {
   tmrSysModal()->setEnabled(false);
   Timer1()->setEnabled(false);
   SystemModal = false;
+  m_grayScale = o.GrayScale();
   sendAuto = o.SendMethode() == exSendAuto;
   sendManual = o.SendMethode() == exSendManual;
   defaultButtonIndex = 0;

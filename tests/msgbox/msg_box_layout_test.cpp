@@ -154,6 +154,30 @@ TEST_F(MsgBoxLayoutTest, AnIconStandsLeftOfTheTextAndWidensTheBox) {
   EXPECT_EQ(place(box().cmdSys(0)).Top, 480 + 165 + 255);
 }
 
+TEST_F(MsgBoxLayoutTest, GrayScaleDrawsTheIconGrey) {
+  PictureRef ico = icon32();
+  open("Hallo", 0, "T", 0, "", false, ico);
+  HDC hdc = box().ImIco()->surface().hdc();
+  // A pixel of the picture that has colour.
+  int32_t cx = -1, cy = -1;
+  for (int32_t y = 0; y < 32 && cx < 0; ++y)
+    for (int32_t x = 0; x < 32 && cx < 0; ++x) {
+      COLORREF c = gdi().GetPixel(hdc, x, y);
+      if ((c & 0xFF) != ((c >> 8) & 0xFF) || (c & 0xFF) != ((c >> 16) & 0xFF)) cx = x, cy = y;
+    }
+  ASSERT_GE(cx, 0) << "the sample picture has no coloured pixel";
+  COLORREF colour = gdi().GetPixel(hdc, cx, cy);
+  msg->setGrayScale(true);
+  open("Hallo", 0, "T", 0, "", false, ico);
+  hdc = box().ImIco()->surface().hdc();
+  COLORREF grey = gdi().GetPixel(hdc, cx, cy);
+  int32_t level =
+      ((colour & 0xFF) * 299 + ((colour >> 8) & 0xFF) * 587 + ((colour >> 16) & 0xFF) * 114) / 1000;
+  EXPECT_EQ(grey, static_cast<COLORREF>(level | (level << 8) | (level << 16)));
+  box().ImIco()->surface().Cls();  // a repaint keeps it grey
+  EXPECT_EQ(gdi().GetPixel(box().ImIco()->surface().hdc(), cx, cy), grey);
+}
+
 TEST_F(MsgBoxLayoutTest, AStyleIconWithoutIconArgumentIsNotLaidOut) {
   msg->setimgInformation(icon32());
   open("Hallo", vbInformation);

@@ -145,6 +145,7 @@ class CORVANE_API frmMsgBoxIe {
   std::weak_ptr<Form> m_form;
   bool m_open = false;
   bool m_noModal = false;
+  bool m_grayScale = false;
   std::vector<std::string> m_systemMenu;
   std::vector<std::string> m_buttonNames;
   int m_cancelIndex = 0;
