@@ -100,6 +100,15 @@
 #include <corvane/notify/balloon_window.h>
 #include <corvane/notify/mini_balloon.h>
 #include <corvane/notify/vex_balloon.h>
+#include <corvane/msgbox/ex_msg_box_style.h>
+#include <corvane/msgbox/ex_send_methode.h>
+#include <corvane/msgbox/frm_msg_box_ie.h>
+#include <corvane/msgbox/msg.h>
+#include <corvane/msgbox/msg_box_result.h>
+#include <corvane/msgbox/msg_button.h>
+#include <corvane/msgbox/msg_timer.h>
+#include <corvane/platform/modal_loop.h>
+#include <corvane/platform/shell.h>
 
 #include <corvane/app/application.h>
 #include <corvane/app/headless_display.h>

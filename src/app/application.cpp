@@ -7,6 +7,7 @@
 
 #include "desktop/desktop.h"
 #include "live/live_desktop.h"
+#include <corvane/platform/shell.h>
 
 namespace corvane {
 
@@ -35,6 +36,7 @@ Application::Application(const Options& options) : m_state(std::make_unique<Stat
   d.twipsPerPixelX = d.twipsPerPixelY = options.twipsPerPixel;
   if (options.display == DisplayKind::Live) {
     m_state->desktop = openLiveDesktop(d);
+    setShellRecording(false);  // a person is there: the shell really opens things
   } else {
     m_state->desktop = std::make_unique<Desktop>(d);
     m_state->headless.reset(new HeadlessDisplay(*m_state->desktop));

@@ -138,6 +138,9 @@ std::string Form::classNameOf(const HostedControl& c) const {
 LRESULT Form::windowProc(HWND hWnd, int32_t msg, WPARAM wParam, LPARAM lParam) {
   if (msg == wm::CLOSE) {
     // Closed by the user on a live display: the form unloads, as its close box does.
+    int16_t cancel = 0, mode = 0;
+    QueryUnload(cancel, mode);
+    if (cancel) return 0;
     Unload();
     return 0;
   }

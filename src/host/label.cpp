@@ -80,7 +80,15 @@ void Label::setVisible(bool value) {
   user().ShowWindow(surface().hWnd(), value ? SW_SHOWNOACTIVATE : SW_HIDE);
 }
 
-int32_t Label::textFlags() const { return m_WordWrap ? DT_WORDBREAK : 0; }
+void Label::setAlignment(int16_t value) {
+  m_Alignment = value;
+  draw();
+}
+
+int32_t Label::textFlags() const {
+  int32_t align = m_Alignment == 1 ? DT_RIGHT : m_Alignment == 2 ? DT_CENTER : DT_LEFT;
+  return (m_WordWrap ? DT_WORDBREAK : 0) | align;
+}
 
 void Label::fitToText() {
   if (!m_AutoSize || m_fitting || !isSited()) return;

@@ -17,6 +17,7 @@
 #include <corvane/frame/tile_picture.h>
 #include <corvane/html/vex_html.h>
 #include <corvane/host/std_picture.h>
+#include <corvane/msgbox/msg.h>
 #include <corvane/runtime/class_registry.h>
 #include <corvane/system/mdf.h>
 #include <corvane/system/my_tools.h>
@@ -73,6 +74,7 @@ void registerLibraryClasses(ClassRegistry& registry) {
   registry.registerFactory("PrintViewDLG", [] { return std::make_shared<PrintViewDLG>(); });
   registry.registerFactory("FontViewDLG", [] { return std::make_shared<FontViewDLG>(); });
   registry.registerFactory("cFormMinMax", [] { return std::make_shared<cFormMinMax>(); });
+  registry.registerFactory("msg", [] { return std::make_shared<Msg>(); });
 
   // Enumerations under the names of the interface; the C++ members carry a prefix.
   registry.registerEnum("BorderType", {{"None", VexPane::btNone},

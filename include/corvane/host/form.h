@@ -8,6 +8,7 @@
 #include <corvane/export.h>
 #include <corvane/host/hosted_control.h>
 #include <corvane/host/surface.h>
+#include <corvane/runtime/event.h>
 #include <corvane/runtime/object.h>
 
 namespace corvane {
@@ -77,6 +78,10 @@ class CORVANE_API Form : public Object {
   // PropertyChanged marks the form as changed.
   bool dirty() const { return m_dirty; }
   void setDirty(bool v) { m_dirty = v; }
+
+  // QueryUnload (Cancel, UnloadMode) before the user's close unloads the form; a handler that
+  // sets Cancel keeps it open.
+  Event<int16_t&, int16_t&> QueryUnload;
 
  protected:
   const Dispatch* dispatch() const override;

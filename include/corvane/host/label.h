@@ -24,6 +24,9 @@ class CORVANE_API Label : public HostedControl {
   void setAutoSize(bool value);
   bool WordWrap() const { return m_WordWrap; }
   void setWordWrap(bool value);
+  // 0 left, 1 right, 2 centre: how the lines stand in the label's width.
+  int16_t Alignment() const { return m_Alignment; }
+  void setAlignment(int16_t value);
   // Shares the font object; a change inside it shows from the next drawing.
   const FontRef& Font() const { return surface().Font(); }
   void setFont(const FontRef& value);
@@ -58,6 +61,7 @@ class CORVANE_API Label : public HostedControl {
   bool m_AutoSize = false;
   bool m_WordWrap = false;
   bool m_fitting = false;
+  int16_t m_Alignment = 0;
 };
 
 }  // namespace corvane

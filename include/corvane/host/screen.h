@@ -35,12 +35,16 @@ class CORVANE_API App : public Object {
   std::string EXEName() const;  // program name without extension
   std::string Title() const { return m_title.empty() ? EXEName() : m_title; }
   void setTitle(const std::string& t) { m_title = t; }
+  // The application's help file, which a box with a help button swaps for its own while it shows.
+  const std::string& HelpFile() const { return m_helpFile; }
+  void setHelpFile(const std::string& f) { m_helpFile = f; }
 
  protected:
   const Dispatch* dispatch() const override;
 
  private:
   std::string m_title;
+  std::string m_helpFile;
 };
 
 }  // namespace corvane
