@@ -21,7 +21,7 @@ constexpr float kTwips = 15;  // the gallery's desktop runs at 15 twips per pixe
 
 std::string linkPage() {
   std::string page =
-      "<TITLE>Links</TITLE><H2>Links and jumps</H2><P>Hover <A HREF=\"http://example.org\" "
+      "<H2>Links and jumps</H2><P>Hover <A HREF=\"http://example.org\" "
       "TITLE=\"an outside page\">this link</A> or jump to the <A HREF=\"#end\">end of the page</A>; "
       "the page scrolls with the wheel, the keys and the hand.</P>"
       "<TABLE BORDER=1 WIDTH=520><TR><TD>a table wider than the view, so that the horizontal bar shows"
@@ -65,7 +65,9 @@ std::vector<Scene> htmlInteractionScenes() {
          FormRef f = makeSceneForm("GalleryCaptionPage", 5850, 3465, 8);
          auto label =
              std::dynamic_pointer_cast<VexColorLabel>(f->add("VexColorLabel", "lblTitle", nullptr, 0, 0));
-         label->setCaption("<b>Total</b> <c&HC0>overdue</c><br>since <i>Monday</i>");
+         label->setCaption(
+             "<b>Total</b> <c&HC0>overdue</c><br>since <i>Monday</i>\r\n"
+             "second line of the caption");
          user().ShowWindow(label->hWnd(), SW_HIDE);  // the page covers the form
          CaptionPage page;
          page.setSelectedControls({label->extenderRef()});

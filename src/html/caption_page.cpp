@@ -17,7 +17,7 @@ std::string helpText() {
 }  // namespace
 
 CaptionPage::CaptionPage() : PropertyPage("Caption", 5850, 3465) {
-  addTextBox("txtCaption", 120, 120, 3480, 3225);
+  addTextBox("txtCaption", 120, 120, 3480, 3225).multiLine = true;
   addLabel("lblAnleitung", helpText(), 3720, 120, 2010, 1800);
 }
 

@@ -475,8 +475,7 @@ void VexHTML::setEnabled(bool value) {
 }
 
 void VexHTML::setEnableTooltips(bool value) {
-  m_EnableTooltips = value;
-  PropertyChanged("EnableTooltips");
+  m_EnableTooltips = value;  // stored only, not reported
 }
 
 void VexHTML::setHoverEnabled(bool value) {

@@ -64,3 +64,29 @@ TEST_F(CaptionPageTest, ReturnInTheEditIsALineFeed) {
 
 }  // namespace
 }  // namespace corvane
+
+namespace corvane {
+namespace {
+
+class CaptionPageDrawTest : public test::HtmlViewTest {};
+
+TEST_F(CaptionPageDrawTest, TheEditShowsItsLinesFromTheTop) {
+  CaptionPage page;
+  page.setSelectedControls({view->extenderRef()});
+  page.setText("txtCaption", "first\nsecond");
+  FormRef sheet = Form::create("Sheet", page.designWidth(), page.designHeight(), false);
+  sheet->Show();
+  page.draw(sheet->surface());
+  // The edit starts at 8 pixels; its first line lies within the top 24 pixels, the second below.
+  auto inkIn = [&](int32_t top, int32_t bottom) {
+    for (int32_t y = top; y < bottom; ++y)
+      for (int32_t x = 12; x < 100; ++x)
+        if ((gdi().GetPixel(sheet->surface().hdc(), x, y) & 0xC0C0C0) == 0) return true;  // dark ink
+    return false;
+  };
+  EXPECT_TRUE(inkIn(8, 24));
+  EXPECT_TRUE(inkIn(24, 40));
+}
+
+}  // namespace
+}  // namespace corvane

@@ -102,8 +102,9 @@ TEST_F(HtmlSurfaceTest, SettersReportTheirKeys) {
   view->setEnableTooltips(false);
   view->setEnabled(false);
   view->setFreezeUpdates(true);
-  const std::vector<std::string> expected = {"HoverEnabled", "PageMover", "EnableTooltips", "Enabled",
-                                             "FreezeUpdates"};
+  // EnableTooltips and LinkHoverColor are stored without a report.
+  view->setLinkHoverColor(0x123456);
+  const std::vector<std::string> expected = {"HoverEnabled", "PageMover", "Enabled", "FreezeUpdates"};
   EXPECT_EQ(view->controlSite().changedKeys, expected);
 }
 
