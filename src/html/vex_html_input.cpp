@@ -148,6 +148,11 @@ void VexHTML::viewportMouseMove(int16_t& button, int16_t& shift, float& x, float
 }
 
 void VexHTML::viewportMouseDown(int16_t& button, int16_t& shift, float& x, float& y) {
+  // A press gives the viewport the focus, as a picture box takes it, so that the keys scroll.
+  guarded([&] {
+    const HWND view = m_picViewPort->surface().hWnd();
+    if (user().GetFocus() != view) user().SetFocus(view);
+  });
   if (m_PageMover && anyPaneVisible()) {
     m_DragY = CLng(y);
     m_DragX = CLng(x);

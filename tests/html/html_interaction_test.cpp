@@ -178,6 +178,15 @@ TEST_F(HtmlInteractionTest, KeysScrollThePage) {
   EXPECT_TRUE(std::none_of(log.begin(), log.end(), [](auto& e) { return e.rfind("Key", 0) == 0; }));
 }
 
+TEST_F(HtmlInteractionTest, APressGivesTheViewportTheFocusForTheKeys) {
+  moveTo(kWidth - 40, kHeight - 10);
+  desktop().mouseDown(1);
+  desktop().mouseUp(1);
+  EXPECT_EQ(user().GetFocus(), viewport());
+  desktop().windows().keyDown(34);
+  EXPECT_GT(view->vscScroll()->Value(), 0);
+}
+
 TEST_F(HtmlInteractionTest, PageKeysClampButUpAndDownDoNot) {
   ScrollBar& v = *view->vscScroll();
   user().SetFocus(viewport());
