@@ -4,6 +4,7 @@
 // into the viewport). A page about 20,000 pixels long reports the peak memory of the process.
 #include <benchmark/benchmark.h>
 #include <corvane/host/form.h>
+#include <corvane/host/picture_box.h>
 #include <corvane/html/vex_html.h>
 #include <corvane/platform/platform.h>
 #include <sys/resource.h>
@@ -58,6 +59,29 @@ void BM_HtmlHoverRepaint30KbAt600(benchmark::State& state) {
   }
 }
 BENCHMARK(BM_HtmlHoverRepaint30KbAt600)->Unit(benchmark::kMillisecond);
+
+// The real mouse path: a synthetic move of the desktop's mouse onto the first link, the next one
+// onto plain text beside it, each ending with the repainted viewport. One move per iteration.
+void BM_HtmlHoverMouseMove30KbAt600(benchmark::State& state) {
+  HtmlRig rig;
+  rig.form->Show();
+  rig.view->setText(thirtyKilobytePage());
+  const auto& doc = rig.view->document();
+  const html::HtmlChunk& link = doc.chunk(doc.mAnchors.at(0));
+  const int32_t linkX = (link.Left + link.Right) / 2, linkY = (link.Top + link.Bottom) / 2;
+  POINTAPI origin{0, 0};
+  rig.desktop.user().ClientToScreen(rig.view->picViewPort()->surface().hWnd(), origin);
+  bool over = false;
+  for (auto _ : state) {
+    over = !over;
+    if (over)
+      rig.desktop.mouseMove(origin.x + linkX, origin.y + linkY);
+    else
+      rig.desktop.mouseMove(origin.x + 2, origin.y + linkY);  // the left margin holds no link
+  }
+  state.counters["quickRepaints"] = static_cast<double>(rig.view->quickHoverRepaints());
+}
+BENCHMARK(BM_HtmlHoverMouseMove30KbAt600)->Unit(benchmark::kMillisecond);
 
 void BM_HtmlPage20000PixelsPeakMemory(benchmark::State& state) {
   HtmlRig rig;

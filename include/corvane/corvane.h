@@ -68,6 +68,7 @@
 #include <corvane/html/html_decode.h>
 #include <corvane/html/html_document.h>
 #include <corvane/html/html_dump.h>
+#include <corvane/html/html_hover_runs.h>
 #include <corvane/html/html_layout.h>
 #include <corvane/html/html_source.h>
 #include <corvane/html/html_tag_reader.h>
@@ -75,6 +76,7 @@
 #include <corvane/html/html_tokenizer.h>
 #include <corvane/html/html_tree.h>
 #include <corvane/html/vex_html.h>
+#include <corvane/html/caption_page.h>
 
 #include <corvane/system/mdf.h>
 #include <corvane/system/my_tools.h>

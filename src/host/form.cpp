@@ -148,6 +148,18 @@ LRESULT Form::windowProc(HWND hWnd, int32_t msg, WPARAM wParam, LPARAM lParam) {
   return user().DefWindowProcA(hWnd, msg, wParam, lParam);
 }
 
+void Form::setHostProcedure(const std::string& name, HostProcedure procedure) {
+  m_hostProcedures[LCase(name)] = std::move(procedure);
+}
+
+Variant Form::invoke(std::string_view member, CallType type, Dispatch::Args& args) {
+  if (type == CallType::Method) {
+    auto it = m_hostProcedures.find(LCase(member));
+    if (it != m_hostProcedures.end()) return it->second(args);
+  }
+  return Object::invoke(member, type, args);
+}
+
 const Dispatch* Form::dispatch() const {
   static const Dispatch d = [] {
     Dispatch t;

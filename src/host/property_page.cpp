@@ -141,8 +141,11 @@ void PropertyPage::draw(Surface& target) const {
       case TextBox:
         fill(r, gdi().GetSysColor(syscolor::WINDOW));
         gdi().DrawEdge(dc, r, EDGE_SUNKEN, BF_RECT);
-        text(f, RECT{r.Left + 4, r.Top, r.Right - 2, r.Bottom}, f.text,
-             DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
+        if (f.multiLine)
+          text(f, RECT{r.Left + 4, r.Top + 3, r.Right - 2, r.Bottom - 2}, f.text, DT_WORDBREAK | DT_NOPREFIX);
+        else
+          text(f, RECT{r.Left + 4, r.Top, r.Right - 2, r.Bottom}, f.text,
+               DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
         break;
       case Label:
         text(f, r, f.caption, DT_WORDBREAK | DT_NOPREFIX);

@@ -8,6 +8,7 @@
 
 #include <corvane/host/screen.h>
 #include <corvane/platform/api.h>
+#include "resources/cursor_hot_spots.h"
 #include "resources/embedded.h"
 #include <corvane/runtime/checked.h>
 
@@ -21,7 +22,9 @@ bool looksLikeIcon(const std::vector<unsigned char>& b) {
 
 StdPicture::~StdPicture() {
   // A picture that outlives the application has nothing left to release.
-  if (!m_handle || !currentPlatform()) return;
+  if (!m_handle) return;
+  forgetHotSpot(m_handle);
+  if (!currentPlatform()) return;
   if (m_type == vbPicTypeIcon) gdi().DestroyIcon(m_handle);
   else gdi().DeleteObject(m_handle);
 }
@@ -90,7 +93,11 @@ PictureRef LoadResPicture(const std::string& name, int32_t) {
   for (const EmbeddedResource& r : embeddedResources())
     if (LCase(name) == LCase(r.name)) {  // resource names match regardless of case
       auto p = StdPicture::fromBytes(std::vector<unsigned char>(r.data, r.data + r.size));
-      if (p) return p;
+      if (p) {
+        // A cursor's image keeps its hot spot, for the display that makes a cursor of it.
+        rememberHotSpot(p->Handle(), resourceHotSpot(r.name));
+        return p;
+      }
     }
   throw RuntimeError(326, "Resource with identifier '" + name + "' not found");
 }

@@ -46,6 +46,7 @@ void HtmlLayout::mResetFont() {
   guarded([&] { m_page.Font()->setName(m_doc.view.DefaultFontName); });
   guarded([&] { m_page.Font()->setSize(m_doc.view.DefaultFontSize); });
   guarded([&] { m_page.setForeColor(m_doc.view.DefaultTextColor); });
+  m_linkColourOf = -1;
   m_page.setFontBold(false);
   m_page.setFontItalic(false);
   m_page.setFontUnderline(false);
@@ -55,6 +56,18 @@ int32_t HtmlLayout::lineHeightOfFont() {
   return static_cast<int32_t>(m_page.TextHeight("X")) + m_set.DefaultSpacing;
 }
 int32_t HtmlLayout::indentOfFont() { return 2 * width("W"); }
+
+void HtmlLayout::linkColourFrom(int32_t link) {
+  m_linkColourOf = link;
+  m_linkColour = static_cast<int32_t>(m_page.ForeColor());
+}
+
+void HtmlLayout::print(const std::string& text) {
+  // Text in a colour that a link's hover state chose is kept for quick hover repaints.
+  if (m_hoverRuns && m_linkColourOf > 0 && static_cast<int32_t>(m_page.ForeColor()) == m_linkColour)
+    guarded([&] { m_hoverRuns->record(m_page, static_cast<int16_t>(m_linkColourOf), text); });
+  m_page.Print(text, false);
+}
 
 void HtmlLayout::blockBreak() {
   Y += LH;
@@ -236,11 +249,11 @@ void HtmlLayout::handleTag(HtmlChunk& c, bool final) {
       m_page.setCurrentY(static_cast<float>(Y));
       m_page.setCurrentX(static_cast<float>(LM + c.IndentX));
       if (c.IsNumbered) {
-        m_page.Print(std::to_string(c.ItemNumber) + ". ", false);
+        print(std::to_string(c.ItemNumber) + ". ");
         X += width("W. ");
       } else {
         const std::string bullet = String(1, 149) + "  ";
-        m_page.Print(bullet, false);
+        print(bullet);
         X += width(bullet);
       }
       XO = X;
@@ -250,6 +263,7 @@ void HtmlLayout::handleTag(HtmlChunk& c, bool final) {
       guarded([&] { m_page.Font()->setName(c.FontFace); });
       guarded([&] { m_page.Font()->setSize(c.FontSize); });
       guarded([&] { m_page.setForeColor(c.Color); });
+      m_linkColourOf = -1;
       curSize = c.FontSize;
       break;
     case TagFontEnd:
@@ -263,6 +277,7 @@ void HtmlLayout::handleTag(HtmlChunk& c, bool final) {
       if (!c.Href.empty()) {
         const bool hovered = m_set.HoverIndex != 0 && m_set.HoverIndex == c.Index;
         m_page.setForeColor(hovered ? m_set.LinkHoverColor : m_set.LinkColor);
+        linkColourFrom(c.Index);
         linkPending = true;
       }
       openAnchor = i;
@@ -273,6 +288,7 @@ void HtmlLayout::handleTag(HtmlChunk& c, bool final) {
       m_page.setFontUnderline(false);
       linkPending = false;
       m_page.setForeColor(m_doc.view.DefaultTextColor);
+      m_linkColourOf = -1;
       if (openAnchor >= 0) {
         HtmlChunk& a = m_doc.chunk(openAnchor);
         a.Bottom = Y - m_set.DefaultSpacing + LH;
@@ -379,6 +395,7 @@ void HtmlLayout::mApplyInlineTag(int32_t index) {
       guarded([&] { m_page.Font()->setName(c.FontFace); });
       guarded([&] { m_page.Font()->setSize(c.FontSize); });
       guarded([&] { m_page.setForeColor(c.Color); });
+      m_linkColourOf = -1;
       curSize = c.FontSize;
       LH = lineHeightOfFont();
       IND = indentOfFont();
@@ -393,12 +410,15 @@ void HtmlLayout::mApplyInlineTag(int32_t index) {
       if (m_doc.view.EnableAnchors && !c.Href.empty() && m_set.HoverIndex != 0 && m_set.HoverIndex == c.Index)
         colour = m_set.LinkHoverColor;
       m_page.setForeColor(colour);
+      m_linkColourOf = -1;
+      if (m_doc.view.EnableAnchors && !c.Href.empty()) linkColourFrom(c.Index);
       linkPending = true;
       break;
     }
     case TagAnchorEnd:
       m_page.setFontUnderline(false);
       m_page.setForeColor(m_doc.view.DefaultTextColor);
+      m_linkColourOf = -1;
       linkPending = false;
       break;
     case TagBig:
@@ -433,6 +453,7 @@ void HtmlLayout::mFlowText(bool right, bool center, int32_t rightLimit, int32_t 
              savedUnderline = m_page.FontUnderline();
   const OLE_COLOR savedColour = m_page.ForeColor();
   const bool savedLinkPending = linkPending;
+  const int32_t savedLinkColourOf = m_linkColourOf, savedLinkColour = m_linkColour;
   int32_t lineIndent = m_doc.chunk(i).IndentX;
   const int32_t last = std::min<int32_t>(m_doc.mChunkCount - 1, m_doc.upperBound());
   const int32_t blank = width(" ");
@@ -496,6 +517,8 @@ void HtmlLayout::mFlowText(bool right, bool center, int32_t rightLimit, int32_t 
   m_page.setFontItalic(savedItalic);
   m_page.setFontUnderline(savedUnderline);
   m_page.setForeColor(savedColour);
+  m_linkColourOf = savedLinkColourOf;
+  m_linkColour = savedLinkColour;
 
   // Phase 2: place and print.
   const bool enableAnchors = m_doc.view.EnableAnchors;
@@ -553,7 +576,7 @@ void HtmlLayout::mFlowText(bool right, bool center, int32_t rightLimit, int32_t 
             // An aligned line was placed without its leading blank; none is printed at its start.
             const bool aligned = right || center;
             if (!aligned || X - 1 >= alignedStart) {
-              m_page.Print(" ", false);
+              print(" ");
               blankPending = true;
             }
           }
@@ -565,7 +588,7 @@ void HtmlLayout::mFlowText(bool right, bool center, int32_t rightLimit, int32_t 
             m_page.setFontUnderline(m_set.UnderlineLinks);
             linkPending = false;
           }
-          m_page.Print(withBlanks(wordText), false);
+          print(withBlanks(wordText));
           blankPending = false;
         }
         X = static_cast<int32_t>(m_page.CurrentX());

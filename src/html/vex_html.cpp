@@ -1,14 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include <corvane/containers/vex_pane.h>
 #include <corvane/frame/gradient.h>
+#include <corvane/frame/subclass.h>
 #include <corvane/host/extender.h>
 #include <corvane/host/picture_box.h>
 #include <corvane/host/screen.h>
 #include <corvane/host/scroll_bar.h>
+#include <corvane/html/html_decode.h>
+#include <corvane/html/html_tags.h>
 #include <corvane/html/html_tree.h>
 #include <corvane/html/vex_html.h>
 #include <corvane/platform/api.h>
 #include <corvane/runtime/checked.h>
+#include <corvane/runtime/strings.h>
 
 namespace corvane {
 
@@ -55,6 +59,7 @@ void VexHTML::Initialize() {
   m_vscScroll = ownChild<ScrollBar>(*m_panV, "vscScroll", kBarPixels, 100, std::make_shared<ScrollBar>(true));
   m_hscScroll =
       ownChild<ScrollBar>(*m_panH, "hscScroll", 100, kBarPixels, std::make_shared<ScrollBar>(false));
+  connectViewport();
   m_FocusWeg = ownChild<PictureBox>(*this, "FocusWeg", 1, 1);
   m_FocusWeg->extenderRef()->Move(-1500, -1500);
   user().ShowWindow(m_FocusWeg->surface().hWnd(), SW_SHOWNOACTIVATE);
@@ -73,6 +78,10 @@ void VexHTML::Initialize() {
 }
 
 void VexHTML::Terminate() {
+  releaseSubclass();
+  m_hoverRuns.release();
+  if (m_clickTimerOn && isSited()) guarded([&] { user().KillTimer(surface().hWnd(), 1); });
+  m_clickTimerOn = false;
   for (auto* bar : {&m_vscScroll, &m_hscScroll})
     if (*bar) (*bar)->unsite();
   for (auto* pane : {&m_panV, &m_panH})
@@ -89,6 +98,7 @@ void VexHTML::onResize() { Refresh(false); }
 // ---- painting ----
 
 void VexHTML::Refresh(bool PaintOnly) {
+  m_hoverRuns.invalidate();
   if (m_FreezeUpdates || !m_picHTML || !m_picViewPort) return;
   Surface& view = m_picViewPort->surface();
   // Each round can only show a bar, so a few rounds settle any page.
@@ -187,7 +197,15 @@ void VexHTML::mRender(bool final) {
   html::HtmlLayout layout(m_Document, page, m_Images, settings,
                           [this](std::string& source, PictureRef& image) { LoadImage(source, image); });
   layout.mDocWidth = m_DocWidth;
-  guarded([&] { layout.mRender(final); });
+  // The visible page comes from a measuring pass; it keeps the link runs for quick hovers.
+  if (!final) {
+    m_hoverRuns.begin();
+    layout.setHoverRuns(&m_hoverRuns);
+  } else {
+    m_hoverRuns.invalidate();  // the drawing pass leaves fills that the next pass covers
+  }
+  const bool done = guarded([&] { layout.mRender(final); });
+  if (!final && done) m_hoverRuns.end();
   m_DocWidth = layout.mDocWidth;
   m_DocHeight = layout.mDocHeight;
 }
@@ -202,16 +220,20 @@ void VexHTML::mPaintViewport() {
   });
 }
 
+void VexHTML::setUpPanes() {
+  if (!m_panV || !m_panH) return;
+  const int16_t value = m_layout.EnableScroll;
+  const bool vertical = value == 1 || value == 3, horizontal = value == 2 || value == 3;
+  m_panV->extenderRef()->setVisible(vertical);
+  m_panVTag = vertical ? barTwipsText(true) : "-1";
+  m_panH->extenderRef()->setVisible(horizontal);
+  m_panHTag = horizontal ? barTwipsText(false) : "-1";
+}
+
 void VexHTML::setEnableScroll(int16_t value) {
   m_layout.EnableScroll = value;
   PropertyChanged("EnableScroll");
-  if (m_panV && m_panH) {
-    const bool vertical = value == 1 || value == 3, horizontal = value == 2 || value == 3;
-    m_panV->extenderRef()->setVisible(vertical);
-    m_panVTag = vertical ? barTwipsText(true) : "-1";
-    m_panH->extenderRef()->setVisible(horizontal);
-    m_panHTag = horizontal ? barTwipsText(false) : "-1";
-  }
+  setUpPanes();
   Refresh(false);
 }
 
@@ -284,16 +306,19 @@ void VexHTML::setText(const std::string& value) {
 void VexHTML::setDefaultFontName(const std::string& value) {
   m_Document.view.DefaultFontName = value;
   PropertyChanged("DefaultFontName");
+  if (!m_Document.mText.empty()) Refresh(false);
 }
 
 void VexHTML::setDefaultFontSize(float value) {
   m_Document.view.DefaultFontSize = value;
   PropertyChanged("DefaultFontSize");
+  if (!m_Document.mText.empty()) Refresh(false);
 }
 
 void VexHTML::setDefaultTextColor(OLE_COLOR value) {
   m_Document.view.DefaultTextColor = value;
   PropertyChanged("DefaultTextColor");
+  if (!m_Document.mText.empty()) Refresh(false);
 }
 
 void VexHTML::setBackColor(OLE_COLOR value) {
@@ -314,6 +339,7 @@ void VexHTML::setBackColor(OLE_COLOR value) {
 
 void VexHTML::setEnableAnchors(bool value) {
   m_Document.view.EnableAnchors = value;
+  m_hoverRuns.invalidate();
   PropertyChanged("EnableAnchors");
 }
 
@@ -338,11 +364,158 @@ void VexHTML::InitProperties() {
   m_Document.view.BackColor = kDefaultBackColor;
   m_Document.view.EnableAnchors = false;
   m_Document.mBodyColor = kDefaultBackColor;
+  m_Gradient = false;
+  m_GradientAngle = 270;
+  m_BackColor2 = 255;
+  m_HoverEnabled = true;
+  m_PageMover = false;
+  m_FreezeUpdates = false;
   // A new view shows the name the host gave it; it is parsed when the control is shown.
   guarded([&] { m_Document.mText = ambient().DisplayName(); });
 }
 
-void VexHTML::Show() { setText(m_Document.mText); }
+void VexHTML::Show() {
+  bool userMode = false;
+  guarded([&] { userMode = ambient().UserMode(); });
+  if (userMode) {
+    m_viewportTabStop = false;
+    subclassViewport();
+  }
+  setText(m_Document.mText);
+}
+
+void VexHTML::ReadProperties(PropertyBag& bag) {
+  // Values come back without their side effects; only the panes are set up as EnableScroll does.
+  guarded([&] { m_FreezeUpdates = bag.ReadProperty("FreezeUpdates", false).toBool(); });
+  guarded([&] { m_Appearance = bag.ReadProperty("Appearance", int16_t(0)).toInteger(); });
+  guarded([&] { m_BorderStyle = bag.ReadProperty("BorderStyle", int16_t(0)).toInteger(); });
+  guarded([&] { m_Gradient = bag.ReadProperty("Gradient", false).toBool(); });
+  guarded([&] { m_GradientAngle = bag.ReadProperty("GradientAngle", 270.0f).toSingle(); });
+  guarded([&] { m_BackColor2 = bag.ReadProperty("BackColor2", int32_t(255)).toLong(); });
+  guarded([&] {
+    m_BackgroundImage = bag.ReadProperty("BackgroundImage", Variant()).as<PictureRef>();
+    if (m_picHTML) m_picHTML->surface().setPicture(m_BackgroundImage ? m_BackgroundImage : LoadPicture());
+  });
+  guarded(
+      [&] { m_Document.view.DefaultTextColor = bag.ReadProperty("DefaultTextColor", int32_t(0)).toLong(); });
+  guarded([&] { m_layout.LinkColor = bag.ReadProperty("LinkColor", int32_t(0xFF0000)).toLong(); });
+  guarded([&] { m_layout.LinkHoverColor = bag.ReadProperty("LinkHoverColor", int32_t(0x800080)).toLong(); });
+  guarded([&] {
+    m_Document.view.BackColor = bag.ReadProperty("BackColor", kDefaultBackColor).toLong();
+    m_Document.mBodyColor = m_Document.view.BackColor;
+  });
+  guarded([&] {
+    m_Enabled = bag.ReadProperty("Enabled", true).toBool();
+    m_viewportTabStop = m_Enabled;
+  });
+  guarded([&] { m_Document.view.EnableAnchors = bag.ReadProperty("EnableAnchors", false).toBool(); });
+  guarded([&] {
+    m_layout.EnableScroll = bag.ReadProperty("EnableScroll", int16_t(0)).toInteger();
+    setUpPanes();
+  });
+  guarded([&] { m_EnableTooltips = bag.ReadProperty("EnableTooltips", true).toBool(); });
+  guarded([&] {
+    m_Document.view.DefaultFontName =
+        bag.ReadProperty("DefaultFontName", std::string("MS Sans Serif")).toString();
+  });
+  guarded([&] { m_Document.view.DefaultFontSize = bag.ReadProperty("DefaultFontSize", 10.0f).toSingle(); });
+  guarded([&] { m_layout.UnderlineLinks = bag.ReadProperty("UnderlineLinks", true).toBool(); });
+  guarded([&] { m_layout.DefaultPadding = bag.ReadProperty("DefaultPadding", int16_t(4)).toInteger(); });
+  guarded([&] { m_layout.DefaultSpacing = bag.ReadProperty("DefaultSpacing", int16_t(4)).toInteger(); });
+  guarded([&] { m_HoverEnabled = bag.ReadProperty("HoverEnabled", true).toBool(); });
+  guarded([&] { m_PageMover = bag.ReadProperty("PageMover", false).toBool(); });
+  // Held raw: it is parsed when the control is shown.
+  guarded([&] { m_Document.mText = bag.ReadProperty("Text", ambient().DisplayName()).toString(); });
+}
+
+void VexHTML::WriteProperties(PropertyBag& bag) {
+  guarded([&] { bag.WriteProperty("FreezeUpdates", m_FreezeUpdates, false); });
+  guarded([&] { bag.WriteProperty("Appearance", m_Appearance, int16_t(0)); });
+  guarded([&] { bag.WriteProperty("BorderStyle", m_BorderStyle, int16_t(0)); });
+  guarded([&] { bag.WriteProperty("Gradient", m_Gradient, false); });
+  guarded([&] { bag.WriteProperty("GradientAngle", m_GradientAngle, 270.0f); });
+  guarded([&] { bag.WriteProperty("BackColor2", static_cast<int32_t>(m_BackColor2), int32_t(255)); });
+  guarded([&] {
+    const bool has = m_BackgroundImage && m_BackgroundImage->Handle() != 0;
+    bag.WriteProperty("BackgroundImage", has ? Variant(m_BackgroundImage) : Variant(), Variant());
+  });
+  guarded([&] {
+    bag.WriteProperty("DefaultTextColor", static_cast<int32_t>(m_Document.view.DefaultTextColor), int32_t(0));
+  });
+  guarded(
+      [&] { bag.WriteProperty("LinkColor", static_cast<int32_t>(m_layout.LinkColor), int32_t(0xFF0000)); });
+  guarded([&] {
+    bag.WriteProperty("LinkHoverColor", static_cast<int32_t>(m_layout.LinkHoverColor), int32_t(0x800080));
+  });
+  guarded([&] {
+    bag.WriteProperty("BackColor", static_cast<int32_t>(m_Document.view.BackColor), kDefaultBackColor);
+  });
+  guarded([&] { bag.WriteProperty("Enabled", m_Enabled, true); });
+  guarded([&] { bag.WriteProperty("EnableAnchors", m_Document.view.EnableAnchors, false); });
+  guarded([&] { bag.WriteProperty("EnableScroll", m_layout.EnableScroll, int16_t(0)); });
+  guarded([&] { bag.WriteProperty("EnableTooltips", m_EnableTooltips, true); });
+  guarded([&] {
+    bag.WriteProperty("DefaultFontName", m_Document.view.DefaultFontName, std::string("MS Sans Serif"));
+  });
+  guarded([&] { bag.WriteProperty("DefaultFontSize", m_Document.view.DefaultFontSize, 10.0f); });
+  guarded([&] { bag.WriteProperty("UnderlineLinks", m_layout.UnderlineLinks, true); });
+  guarded([&] { bag.WriteProperty("DefaultPadding", m_layout.DefaultPadding, int16_t(4)); });
+  guarded([&] { bag.WriteProperty("DefaultSpacing", m_layout.DefaultSpacing, int16_t(4)); });
+  guarded([&] { bag.WriteProperty("HoverEnabled", m_HoverEnabled, true); });
+  guarded([&] { bag.WriteProperty("PageMover", m_PageMover, false); });
+  guarded([&] { bag.WriteProperty("Text", m_Document.mText, ambient().DisplayName()); });
+}
+
+// ---- the rest of the surface ----
+
+void VexHTML::setEnabled(bool value) {
+  m_Enabled = value;
+  m_viewportTabStop = value;
+  PropertyChanged("Enabled");
+}
+
+void VexHTML::setEnableTooltips(bool value) {
+  m_EnableTooltips = value;  // stored only, not reported
+}
+
+void VexHTML::setHoverEnabled(bool value) {
+  m_HoverEnabled = value;
+  PropertyChanged("HoverEnabled");
+}
+
+void VexHTML::setPageMover(bool value) {
+  m_PageMover = value;
+  PropertyChanged("PageMover");
+}
+
+void VexHTML::setBackgroundImage(const PictureRef& value) {
+  m_BackgroundImage = value;
+  guarded([&] { surface().setPicture(value ? value : LoadPicture()); });
+  if (m_picHTML) guarded([&] { m_picHTML->surface().setPicture(value ? value : LoadPicture()); });
+  PropertyChanged("BackgroundImage");
+  Refresh(false);
+}
+
+std::string VexHTML::RawText() const {
+  std::string text = m_Document.mText;
+  for (const char* wrapper : {"</HTML>", "<HTML>", "</BODY>", "<BODY>"})
+    text = Replace(text, wrapper, "", 1, -1, CompareMethod::Text);
+  return Replace(text, "<BR>", "\r\n", 1, -1, CompareMethod::Text);
+}
+
+void VexHTML::setRawText(const std::string& value) { setText(Replace(value, "\r\n", "<BR>")); }
+
+std::string VexHTML::DocumentTitle() const {
+  const int32_t last = m_Document.upperBound();
+  if (m_Document.mChunkCount == 0) return "Unknown";
+  for (int32_t i = 0; i <= last; ++i) {
+    if (m_Document.chunk(i).TagID != html::TagTitle) continue;
+    // Whatever follows the title tag is taken, the closer of an empty title too.
+    if (i + 1 > last) return "Unknown";
+    return html::mDecodeText(m_Document.chunk(i + 1).Source);
+  }
+  return "Unknown";
+}
 
 const Dispatch* VexHTML::dispatch() const {
   static const Dispatch d = [] {
@@ -367,6 +540,17 @@ const Dispatch* VexHTML::dispatch() const {
         .prop("Appearance", &VexHTML::Appearance, &VexHTML::setAppearance)
         .prop("BorderStyle", &VexHTML::BorderStyle, &VexHTML::setBorderStyle)
         .prop("FreezeUpdates", &VexHTML::FreezeUpdates, &VexHTML::setFreezeUpdates)
+        .prop("RawText", &VexHTML::RawText, &VexHTML::setRawText)
+        .get("DocumentTitle", &VexHTML::DocumentTitle)
+        .prop("EnableTooltips", &VexHTML::EnableTooltips, &VexHTML::setEnableTooltips)
+        .prop("HoverEnabled", &VexHTML::HoverEnabled, &VexHTML::setHoverEnabled)
+        .prop("PageMover", &VexHTML::PageMover, &VexHTML::setPageMover)
+        .prop("Enabled", &VexHTML::Enabled, &VexHTML::setEnabled)
+        .get("BackgroundImage", &VexHTML::BackgroundImage)
+        .let("BackgroundImage",
+             [](VexHTML& v, const Variant& value) { v.setBackgroundImage(value.as<PictureRef>()); })
+        .get("hWnd", [](VexHTML& v) { return v.hWnd(); })
+        .get("hdc", [](VexHTML& v) { return v.hdc(); })
         .method("Refresh",
                 [](VexHTML& v, Dispatch::Args& a) {
                   v.Refresh(!a.empty() && a.at(0).toBool());

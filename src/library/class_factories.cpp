@@ -16,6 +16,7 @@
 #include <corvane/frame/subclass.h>
 #include <corvane/frame/tile_picture.h>
 #include <corvane/html/vex_html.h>
+#include <corvane/html/caption_page.h>
 #include <corvane/host/std_picture.h>
 #include <corvane/msgbox/msg.h>
 #include <corvane/runtime/class_registry.h>
@@ -65,6 +66,7 @@ void registerLibraryClasses(ClassRegistry& registry) {
   registry.registerFactory("VexLFrame", [] { return std::make_shared<VexLFrame>(); });
   registry.registerFactory("VexLPane", [] { return std::make_shared<VexLPane>(); });
   registry.registerFactory("VexHTML", [] { return std::make_shared<VexHTML>(); });
+  registry.registerFactory("Caption", [] { return std::make_shared<CaptionPage>(); });
   registry.registerFactory("cRegSettings", [] { return std::make_shared<cRegSettings>(); });
   registry.registerFactory("cMyTools", [] { return std::make_shared<cMyTools>(); });
   registry.registerFactory("cMDF", [] { return std::make_shared<cMDF>(); });

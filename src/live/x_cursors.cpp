@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "resources/cursor_hot_spots.h"
+
 namespace corvane {
 
 namespace {
@@ -92,7 +94,10 @@ Cursor XCursors::fromImage(HGDIOBJ image) {
   g.DeleteDC(dc);
   XcursorImage* cursorImage = XcursorImageCreate(w, h);
   if (!cursorImage) return None;
-  cursorImage->xhot = cursorImage->yhot = 0;
+  // The library's cursors keep their hot spot with the image; other images have it at the top left.
+  const POINTAPI spot = hotSpotOf(image);
+  cursorImage->xhot = static_cast<XcursorDim>(std::clamp(spot.x, 0, w - 1));
+  cursorImage->yhot = static_cast<XcursorDim>(std::clamp(spot.y, 0, h - 1));
   for (size_t i = 0; i < onBlack.size(); ++i) {
     uint32_t b = static_cast<uint32_t>(onBlack[i]), wt = static_cast<uint32_t>(onWhite[i]);
     // Alpha from the green channel: 255 less how far the white shows through.

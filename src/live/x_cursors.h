@@ -10,8 +10,8 @@
 namespace corvane {
 
 // The display's cursors for the mouse-pointer values: the system's shapes from the cursor font,
-// and pointer 99 as a colour cursor made from the image (hot spot at its top left). Made once
-// per value and image, freed with the display.
+// and pointer 99 as a colour cursor made from the image (hot spot where the image keeps one,
+// else at its top left). Made once per value and image, freed with the display.
 class XCursors {
  public:
   explicit XCursors(Display* display) : m_display(display) {}

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
+#include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <type_traits>
@@ -82,6 +84,11 @@ class CORVANE_API Form : public Object {
   // QueryUnload (Cancel, UnloadMode) before the user's close unloads the form; a handler that
   // sets Cancel keeps it open.
   Event<int16_t&, int16_t&> QueryUnload;
+  // A public procedure of the host's form, reached by name like the form's own members (a
+  // control's late-bound call on its parent form). Names compare without regard to case.
+  using HostProcedure = std::function<Variant(Dispatch::Args&)>;
+  void setHostProcedure(const std::string& name, HostProcedure procedure);
+  Variant invoke(std::string_view member, CallType type, Dispatch::Args& args) override;
 
  protected:
   const Dispatch* dispatch() const override;
@@ -107,6 +114,7 @@ class CORVANE_API Form : public Object {
   WNDPROC m_proc = 0;
   std::vector<HostedControlRef> m_controls;
   std::vector<std::string> m_classNames;
+  std::map<std::string, HostProcedure> m_hostProcedures;
 };
 
 using FormRef = std::shared_ptr<Form>;

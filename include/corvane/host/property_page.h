@@ -29,6 +29,7 @@ class CORVANE_API PropertyPage : public Object {
     float left = 0, top = 0, width = 0, height = 0;
     OLE_COLOR foreColor = static_cast<OLE_COLOR>(0x80000012);
     std::string fontName = "MS Sans Serif";
+    bool multiLine = false;  // text boxes: lines from the top, wrapped at the width
   };
 
   std::string Caption() const { return m_caption; }

@@ -5,6 +5,7 @@
 #include <corvane/host/std_picture.h>
 #include <corvane/host/surface.h>
 #include <corvane/html/html_document.h>
+#include <corvane/html/html_hover_runs.h>
 
 #include <array>
 #include <cstdint>
@@ -51,6 +52,8 @@ class CORVANE_API HtmlLayout {
   void mRender(bool final);
   void mResetFont();
   static bool mIsInlineTag(int32_t tagId);
+  // Keeps the runs printed in a link's hover-dependent colour (null: none kept).
+  void setHoverRuns(HtmlHoverRuns* runs) { m_hoverRuns = runs; }
 
   int32_t mDocWidth = 0;
   int32_t mDocHeight = 0;
@@ -77,6 +80,9 @@ class CORVANE_API HtmlLayout {
   int32_t lineHeightOfFont();
   int32_t indentOfFont();
   void blockBreak();
+  // Prints at the current position and keeps the run when its colour comes from a link.
+  void print(const std::string& text);
+  void linkColourFrom(int32_t link);
   void marginReturn() { X = LM + LI; }
   int32_t width(const std::string& s) { return static_cast<int32_t>(m_page.TextWidth(s)); }
 
@@ -98,6 +104,9 @@ class CORVANE_API HtmlLayout {
   int32_t lineEndX = 0;
   std::array<HtmlTableFrame, 16> tables{};
   int16_t tableDepth = 0;
+  // The link whose hover state chose the pen colour, -1 for none, and that colour.
+  int32_t m_linkColourOf = -1, m_linkColour = 0;
+  HtmlHoverRuns* m_hoverRuns = nullptr;
 };
 
 }  // namespace corvane::html

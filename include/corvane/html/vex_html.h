@@ -5,8 +5,10 @@
 #include <corvane/frame/control_base.h>
 #include <corvane/host/std_picture.h>
 #include <corvane/html/html_document.h>
+#include <corvane/html/html_hover_runs.h>
 #include <corvane/html/html_layout.h>
 #include <corvane/runtime/event.h>
+#include <corvane/runtime/variant.h>
 
 #include <memory>
 #include <string>
@@ -22,6 +24,7 @@ namespace corvane {
 class PictureBox;
 class ScrollBar;
 class VexPane;
+class clsSubClass;
 
 class CORVANE_API VexHTML : public ControlBase {
  public:
@@ -56,7 +59,10 @@ class CORVANE_API VexHTML : public ControlBase {
   OLE_COLOR LinkHoverColor() const { return m_layout.LinkHoverColor; }
   void setLinkHoverColor(OLE_COLOR value) { m_layout.LinkHoverColor = value; }
   bool UnderlineLinks() const { return m_layout.UnderlineLinks; }
-  void setUnderlineLinks(bool value) { m_layout.UnderlineLinks = value; }
+  void setUnderlineLinks(bool value) {
+    m_layout.UnderlineLinks = value;
+    m_hoverRuns.invalidate();  // a whole pass would now draw every link differently
+  }
   // 0 none, 1 vertical, 2 horizontal, 3 both.
   int16_t EnableScroll() const { return m_layout.EnableScroll; }
   void setEnableScroll(int16_t value);
@@ -98,6 +104,46 @@ class CORVANE_API VexHTML : public ControlBase {
   // host may fill Image for Source.
   Event<std::string&, PictureRef&> LoadImage;
 
+  // ---- interaction ----
+  bool EnableTooltips() const { return m_EnableTooltips; }
+  void setEnableTooltips(bool value);
+  bool HoverEnabled() const { return m_HoverEnabled; }
+  void setHoverEnabled(bool value);
+  bool PageMover() const { return m_PageMover; }
+  void setPageMover(bool value);
+  // Blocks only the mouse moves of the viewport; stored on the viewport as its tab stop.
+  void setEnabled(bool value) override;
+  // Drawn under the page, set on the page surface too.
+  const PictureRef& BackgroundImage() const { return m_BackgroundImage; }
+  void setBackgroundImage(const PictureRef& value);
+  // The text of the page with line ends: CR-LF and <BR> trade places, the wrappers fall away.
+  std::string RawText() const;
+  void setRawText(const std::string& value);
+  // The decoded text behind the first TITLE, "Unknown" without one.
+  std::string DocumentTitle() const;
+
+  // The link under the mouse (its chunk index, 0 for none) and whether the mouse is over a link.
+  int16_t mHoverIndex() const { return m_layout.HoverIndex; }
+  bool mOverLink() const { return m_OverLink; }
+  // The viewport's tool tip: the title or the address of the link under the mouse.
+  const std::string& viewportToolTipText() const { return m_viewportToolTip; }
+  // The viewport's tab stop, the attribute that Enabled is copied to.
+  bool viewportTabStop() const { return m_viewportTabStop; }
+  // Hover repaints done by repainting only the links concerned instead of a whole pass.
+  int64_t quickHoverRepaints() const { return m_quickHoverRepaints; }
+  // Whether the one-shot click timer is running.
+  bool clickTimerEnabled() const { return m_clickTimerOn; }
+
+  // Reads a call such as Name(1, 'text') into its name and arguments.
+  static void mParseCall(const std::string& text, std::string& name, std::vector<Variant>& args);
+  // Calls name on the form that holds the control, late bound; failures are swallowed.
+  void mCallParent(const std::string& name, std::vector<Variant>& args);
+
+  Event<> Click, DblClick;
+  Event<std::string&, std::string&> HyperlinkClick;
+  Event<int16_t&, int16_t&, float&, float&> MouseDown;
+  Event<std::string&, std::string&, int16_t&, int16_t&, float&, float&> MouseMove, MouseUp;
+
   // Public routines of the parse.
   std::string mstrTagID(const std::string& strTag) const;
   int16_t mintExtractTagAttributes(const std::string& strTag);
@@ -114,10 +160,13 @@ class CORVANE_API VexHTML : public ControlBase {
   void Show() override;
   void onResize() override;
   void Terminate() override;
+  void ReadProperties(PropertyBag& bag) override;
+  void WriteProperties(PropertyBag& bag) override;
   ~VexHTML() override;
 
  protected:
   const Dispatch* dispatch() const override;
+  LRESULT windowProc(HWND hWnd, int32_t msg, WPARAM wParam, LPARAM lParam) override;
 
  private:
   html::HtmlDocument m_Document;
@@ -133,6 +182,34 @@ class CORVANE_API VexHTML : public ControlBase {
   std::shared_ptr<VexPane> m_panV, m_panH;
   std::shared_ptr<ScrollBar> m_vscScroll, m_hscScroll;
   std::string m_panVTag = "-1", m_panHTag = "-1";
+
+  void setUpPanes();  // shows the panes EnableScroll asks for and sets their tags
+  // Interaction (vex_html_input.cpp).
+  void connectViewport();
+  int32_t hitTest(float x, float y) const;  // the link chunk under a viewport point, -1 for none
+  void viewportMouseMove(int16_t& button, int16_t& shift, float& x, float& y);
+  void viewportMouseDown(int16_t& button, int16_t& shift, float& x, float& y);
+  void viewportMouseUp(int16_t& button, int16_t& shift, float& x, float& y);
+  void viewportKeyDown(int16_t& keyCode, int16_t& shift);
+  void subclassMessage(int32_t& msg, int32_t wParam);
+  void wheel(int16_t delta);
+  void tmrHyperlinkClick_Timer();
+  void clearHover();
+  void repaintHover(int16_t previous);
+  bool anyPaneVisible() const;
+  void setViewportCursor(const PictureRef& icon);
+  void resetViewportCursor();
+  void subclassViewport();
+  void releaseSubclass();
+
+  bool m_EnableTooltips = true, m_HoverEnabled = true, m_PageMover = false;
+  bool m_OverLink = false, m_clickTimerOn = false, m_viewportTabStop = true;
+  std::string m_ClickHref, m_ClickID, m_viewportToolTip;
+  int32_t m_DragY = 0, m_DragX = 0;
+  PictureRef m_cursorHand, m_cursorOpen, m_cursorGrip, m_BackgroundImage;
+  std::shared_ptr<clsSubClass> m_SubClass;
+  html::HtmlHoverRuns m_hoverRuns;
+  int64_t m_quickHoverRepaints = 0;
 };
 
 }  // namespace corvane
