@@ -30,6 +30,8 @@
 #include <corvane/widgets/vex_line_hover.h>
 #include <corvane/widgets/vex_progress.h>
 #include <corvane/widgets/vex_snip.h>
+#include <corvane/notify/c_mini_alert.h>
+#include <corvane/notify/vex_alert.h>
 
 namespace corvane {
 
@@ -59,6 +61,8 @@ void registerLibraryClasses(ClassRegistry& registry) {
   registry.registerFactory("cRegSettings", [] { return std::make_shared<cRegSettings>(); });
   registry.registerFactory("cMyTools", [] { return std::make_shared<cMyTools>(); });
   registry.registerFactory("cMDF", [] { return std::make_shared<cMDF>(); });
+  registry.registerFactory("VexAlert", [] { return std::make_shared<VexAlert>(); });
+  registry.registerFactory("cMiniAlert", [] { return std::make_shared<cMiniAlert>(); });
 
   // Enumerations under the names of the interface; the C++ members carry a prefix.
   registry.registerEnum("BorderType", {{"None", VexPane::btNone},
