@@ -711,3 +711,19 @@ TEST_F(AlertTest, ReachableByName) {
 }
 
 }  // namespace corvane::test
+
+namespace corvane::test {
+TEST_F(AlertTest, MoveBarShowsItsGradientAboveTheBanner) {
+  AlertArgs args;
+  args.BorderStyle = B6Movable;
+  args.MoveBarColor1 = 0x0000FF;
+  args.MoveBarColor2 = 0x0000FF;
+  args.Timewait = 0;
+  auto a = show(args);
+  desktop().advance(400);
+  RECT r = rectOf(*a);
+  // The bar covers the top nine pixels of the banner; its grip lies on it.
+  EXPECT_EQ(screenPixel(r.Left + 100, r.Top + 4), 0x0000FFu);
+  EXPECT_EQ(screenPixel(r.Left + 100, r.Top + 15), args.BannerColor);
+}
+}  // namespace corvane::test

@@ -4,6 +4,8 @@
 #include <corvane/notify/vex_alert.h>
 #include <gtest/gtest.h>
 
+#include <cstdio>
+
 #include "support/alert_fixture.h"
 
 namespace corvane::test {
@@ -406,11 +408,11 @@ TEST_F(MiniAlertTest, TheStackShrinksOnlyFromItsTopStraightToTheNextAlert) {
 TEST_F(MiniAlertTest, KilledAlertVanishesWithoutAnEvent) {
   showMini("K", 2000, 300);
   showMini("L", 2000, 0);
-  desktop().advance(300);  // both are fully shown; K waits till 580
+  desktop().advance(300);                       // both are fully shown; K waits till 580
   byEcho("K")->EchoString = frmAlert::kKilled;  // as a replacement marks the old alert
   byEcho("L")->EchoString = frmAlert::kKilled;
   events.clear();
-  desktop().advance(5000);  // K's wait ends
+  desktop().advance(5000);              // K's wait ends
   mini->AlertClose(frmAlert::kKilled);  // L is closed from outside
   desktop().advance(5000);
   EXPECT_EQ(alertForms(), 0);
@@ -427,7 +429,19 @@ TEST_F(MiniAlertTest, NothingIsLeftBehindAndMemoryIsFlatOverAThousandAlerts) {
   };
   for (int i = 0; i < 20; ++i) one(i);
   const int64_t objectsAfterWarmUp = Object::liveCount();
+  auto residentKb = [] {
+    long pages = 0, resident = 0;
+    if (FILE* f = std::fopen("/proc/self/statm", "r")) {
+      if (std::fscanf(f, "%ld %ld", &pages, &resident) != 2) resident = 0;
+      std::fclose(f);
+    }
+    return resident * 4;
+  };
+  const long before = residentKb();
   for (int i = 0; i < 1000; ++i) one(i);
+  RecordProperty("resident_kb_before", static_cast<int>(before));
+  RecordProperty("resident_kb_after", static_cast<int>(residentKb()));
+  std::printf("resident memory over 1000 alerts: %ld kB before, %ld kB after\n", before, residentKb());
   EXPECT_EQ(alertForms(), 0);
   EXPECT_TRUE(frmAlert::loaded().empty());
   EXPECT_EQ(desktop().liveDrawingObjects(), drawingObjects);
