@@ -64,6 +64,10 @@
 #include <corvane/containers/vex_l_pane.h>
 #include <corvane/containers/vex_pane.h>
 
+#include <corvane/notify/frm_alert.h>
+#include <corvane/notify/vex_alert.h>
+#include <corvane/notify/c_mini_alert.h>
+
 #include <corvane/html/html_chunk.h>
 #include <corvane/html/html_decode.h>
 #include <corvane/html/html_document.h>

@@ -14,6 +14,7 @@ namespace corvane {
 namespace {
 constexpr int32_t kDoubleClickTime = 500;
 constexpr int32_t kDoubleClickBox = 4;
+constexpr int32_t kCaptionHeight = 26;  // the caption bar of a maximised window, in pixels
 
 bool inside(const RECT& r, int32_t x, int32_t y) { return x >= r.Left && y >= r.Top && x < r.Right && y < r.Bottom; }
 
@@ -578,6 +579,9 @@ int32_t WindowManager::GetSystemMetrics(int32_t index) {
     case SM_CXVIRTUALSCREEN: return m_virtualWidth > 0 ? m_virtualWidth : m_screenWidth;
     case SM_CYVIRTUALSCREEN: return m_virtualHeight > 0 ? m_virtualHeight : m_screenHeight;
     case SM_CMONITORS: return m_monitors;
+    // The client area of a maximised window: the whole width, the height without a caption bar.
+    case SM_CXFULLSCREEN: return m_screenWidth;
+    case SM_CYFULLSCREEN: return m_screenHeight - kCaptionHeight;
     case SM_CXDOUBLECLK: case SM_CYDOUBLECLK: return kDoubleClickBox;
     default: return 0;
   }

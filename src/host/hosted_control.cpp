@@ -1,12 +1,24 @@
 // SPDX-License-Identifier: MIT
 #include <corvane/host/hosted_control.h>
 
+#include <map>
+
 #include <corvane/host/extender.h>
 #include <corvane/host/form.h>
 #include <corvane/platform/api.h>
 #include <corvane/runtime/checked.h>
 
 namespace corvane {
+
+namespace {
+// The surfaces that are delivering a message. An unload from one of the control's own event
+// handlers (a click that closes its form) must not free the surface under the running message:
+// unsite hands it over here, and it is freed when the message ends.
+std::map<const Surface*, std::unique_ptr<Surface>>& surfacesInUse() {
+  static std::map<const Surface*, std::unique_ptr<Surface>> inUse;
+  return inUse;
+}
+}  // namespace
 
 bool Ambient::UserMode() const {
   const Form* f = m_control.controlSite().form;
@@ -42,6 +54,8 @@ void HostedControl::site(ControlSite site, HWND parent, int32_t x, int32_t y, in
 void HostedControl::unsite() {
   if (!m_surface) return;
   HWND h = m_surface->hWnd();
+  auto busy = surfacesInUse().find(m_surface.get());
+  if (busy != surfacesInUse().end()) busy->second = std::move(m_surface);  // freed when its message ends
   m_surface.reset();
   // After the application has ended its windows are gone with the platform.
   if (!currentPlatform()) return;
@@ -80,7 +94,13 @@ ObjectRef HostedControl::containerObject() const {
 }
 
 LRESULT HostedControl::windowProc(HWND hWnd, int32_t msg, WPARAM wParam, LPARAM lParam) {
-  if (m_surface) m_surface->handleMessage(msg, wParam, lParam);
+  auto keepAlive = weak_from_this().lock();  // a handler may unload the form that holds the control
+  if (m_surface) {
+    Surface* s = m_surface.get();
+    bool outermost = surfacesInUse().emplace(s, nullptr).second;
+    s->handleMessage(msg, wParam, lParam);
+    if (outermost) surfacesInUse().erase(s);  // frees a surface retired meanwhile
+  }
   return user().DefWindowProcA(hWnd, msg, wParam, lParam);
 }
 

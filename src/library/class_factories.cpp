@@ -40,6 +40,8 @@
 #include <corvane/widgets/vex_snip.h>
 #include <corvane/notify/mini_balloon.h>
 #include <corvane/notify/vex_balloon.h>
+#include <corvane/notify/c_mini_alert.h>
+#include <corvane/notify/vex_alert.h>
 
 namespace corvane {
 
@@ -77,6 +79,8 @@ void registerLibraryClasses(ClassRegistry& registry) {
   registry.registerFactory("FontViewDLG", [] { return std::make_shared<FontViewDLG>(); });
   registry.registerFactory("cFormMinMax", [] { return std::make_shared<cFormMinMax>(); });
   registry.registerFactory("msg", [] { return std::make_shared<Msg>(); });
+  registry.registerFactory("VexAlert", [] { return std::make_shared<VexAlert>(); });
+  registry.registerFactory("cMiniAlert", [] { return std::make_shared<cMiniAlert>(); });
 
   // Enumerations under the names of the interface; the C++ members carry a prefix.
   registry.registerEnum("BorderType", {{"None", VexPane::btNone},

@@ -17,6 +17,7 @@ namespace corvane {
 namespace {
 
 constexpr int32_t kWheelDelta = 120;
+constexpr int32_t kCaptionHeight = 26;  // the caption bar of a maximised window, in pixels
 
 // Keeps the flag set while native events are handled, also when a handler throws.
 struct PumpGuard {
@@ -153,6 +154,11 @@ void LiveWindowManager::applyStates(const DesktopWindow& w, Mirror& m) {
     if (tool) states.insert(states.end(), {m_skipTaskbar, m_skipPager});
     XChangeProperty(m_display, m.xid, m_netWmState, XA_ATOM, 32, PropModeReplace,
                     reinterpret_cast<unsigned char*>(states.data()), static_cast<int>(states.size()));
+    // A tool window shows without taking the focus from the application.
+    XWMHints input{};
+    input.flags = InputHint;
+    input.input = tool ? False : True;
+    XSetWMHints(m_display, m.xid, &input);
     if (m.mapped) {
       // A window manager keeps the states of a shown window itself: it is asked by message.
       for (auto [state, on] : {std::pair{m_above, topmost}, std::pair{m_skipTaskbar, tool}}) {
@@ -531,7 +537,8 @@ int16_t LiveWindowManager::GetAsyncKeyState(int32_t key) {
   return static_cast<int16_t>((down ? 0x8000 : 0) | pressed);
 }
 
-// The work area above the task bar, as the window manager publishes it; the whole screen without one.
+// The client area of a maximised window: the work area above the task bar, as the window manager
+// publishes it (the whole screen without one), less a caption bar in height.
 int32_t LiveWindowManager::GetSystemMetrics(int32_t index) {
   if (index != SM_CXFULLSCREEN && index != SM_CYFULLSCREEN) return WindowManager::GetSystemMetrics(index);
   int32_t value = index == SM_CXFULLSCREEN ? screenWidth() : screenHeight();
@@ -546,7 +553,7 @@ int32_t LiveWindowManager::GetSystemMetrics(int32_t index) {
     value = static_cast<int32_t>(index == SM_CXFULLSCREEN ? area[2] : area[3]);
   }
   if (data) XFree(data);
-  return value;
+  return index == SM_CYFULLSCREEN ? value - kCaptionHeight : value;
 }
 
 int32_t LiveWindowManager::DoEvents() {

@@ -444,7 +444,7 @@ TEST_F(LiveDisplayTest, ScreenFactsComeFromTheDisplay) {
     EXPECT_EQ(user().GetSystemMetrics(SM_CXSCREEN), DisplayWidth(d, 0));
     EXPECT_EQ(user().GetSystemMetrics(SM_CYSCREEN), DisplayHeight(d, 0));
     EXPECT_EQ(user().GetSystemMetrics(SM_CXFULLSCREEN), DisplayWidth(d, 0));
-    EXPECT_EQ(user().GetSystemMetrics(SM_CYFULLSCREEN), DisplayHeight(d, 0) - 40);
+    EXPECT_EQ(user().GetSystemMetrics(SM_CYFULLSCREEN), DisplayHeight(d, 0) - 40 - 26);  // less a caption
     int monitors = 0;
     XRRFreeMonitors(XRRGetMonitors(d, root, True, &monitors));
     EXPECT_EQ(user().GetSystemMetrics(SM_CMONITORS), std::max(monitors, 1));
