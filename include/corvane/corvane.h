@@ -110,7 +110,7 @@
 #include <corvane/msgbox/ex_send_methode.h>
 #include <corvane/msgbox/frm_msg_box_ie.h>
 #include <corvane/msgbox/msg.h>
-#include <corvane/msgbox/msg_box_result.h>
+#include <corvane/runtime/msg_box_result.h>
 #include <corvane/msgbox/msg_button.h>
 #include <corvane/msgbox/msg_timer.h>
 #include <corvane/platform/modal_loop.h>

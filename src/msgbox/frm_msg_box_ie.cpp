@@ -160,6 +160,7 @@ void frmMsgBoxIe::createWindow() {
   addButton("chkMsg", MsgButton::CheckBox)->Click.connect([this] { chkMsg_Click(); });
   auto details = std::make_shared<VexHTML>();
   f->add(details, "VexHTML", "txtDetail", client.get(), 0, 3000, 3000, 2070);
+  details->HyperlinkClick.connect([this](std::string&, std::string& href) { txtDetail_HyperlinkClick(href); });
   user().ShowWindow(details->surface().hWnd(), SW_HIDE);
   auto timer = std::make_shared<MsgTimer>(1000);
   f->add(timer, "Timer", "Timer1", nullptr, 0, 0, 0, 0);

@@ -79,7 +79,7 @@ TEST_F(BalloonWindowTest, AnIconShowsAndMovesTheTitleRight) {
 }
 
 TEST_F(BalloonWindowTest, EachIconTypeHasItsOwnPicture) {
-  for (IconType icon : {vbCritical, vbExclamation, vbInformation, vbFullContact}) {
+  for (IconType icon : std::initializer_list<IconType>{vbCritical, vbExclamation, vbInformation, vbFullContact}) {
     BalloonRequest r;
     r.Icon = icon;
     pop(r);

@@ -5,7 +5,7 @@
 #include <corvane/host/std_picture.h>
 #include <corvane/msgbox/ex_msg_box_style.h>
 #include <corvane/msgbox/ex_send_methode.h>
-#include <corvane/msgbox/msg_box_result.h>
+#include <corvane/runtime/msg_box_result.h>
 #include <corvane/platform/system_macros_begin.h>
 #include <corvane/runtime/event.h>
 

@@ -4,6 +4,7 @@
 #include <corvane/host/form.h>
 #include <corvane/host/label.h>
 #include <corvane/host/picture_box.h>
+#include <corvane/runtime/msg_box_result.h>
 #include <corvane/runtime/object.h>
 #include <corvane/runtime/variant.h>
 #include <corvane/widgets/vex_color_label.h>
@@ -17,14 +18,12 @@
 
 namespace corvane {
 
-// The picture at the head of a balloon; the library's icon resource is the value / 16.
-enum IconType : int32_t {
-  vbNone = 0,
-  vbCritical = 16,
-  vbExclamation = 48,
-  vbInformation = 64,
-  vbFullContact = 80
-};
+// The picture at the head of a balloon: vbNone, vbCritical (16), vbExclamation (48),
+// vbInformation (64) or vbFullContact (80); the library's icon resource is the value / 16. The
+// three middle ones are the message box's icon styles, so they are not declared twice.
+using IconType = int32_t;
+inline constexpr IconType vbNone = 0;
+inline constexpr IconType vbFullContact = 80;
 
 // One of the short edge lines that close the balloon's body where no tip stands. It lies in a
 // corner picture, in that picture's twips.

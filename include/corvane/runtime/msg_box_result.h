@@ -4,7 +4,8 @@
 
 namespace corvane {
 
-// The buttons, icon and flags of a message box style, and the value a box returns.
+// The buttons, icon and flags of a message box style, and the value a box returns. The icon
+// values also name the picture of a balloon.
 enum MsgBoxStyle : int32_t {
   vbOKOnly = 0,
   vbOKCancel = 1,
