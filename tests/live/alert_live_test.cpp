@@ -20,31 +20,20 @@
 
 #include "desktop/desktop.h"
 #include "live/live_window_manager.h"
+#include "live/live_app_support.h"
 #include "live/x_probe.h"
 
 namespace corvane {
 namespace {
 
 using live_test::XProbe;
+using live_test::liveOptions;
+using live_test::nativeOf;
+using live_test::pumpUntil;
 
-Application::Options liveOptions() {
-  Application::Options o;
-  o.display = Application::DisplayKind::Live;
-  return o;
-}
 
 Desktop& liveDesktop() { return dynamic_cast<Desktop&>(platform()); }
-Window nativeOf(HWND h) { return dynamic_cast<LiveWindowManager&>(liveDesktop().windows()).nativeWindow(h); }
 
-bool pumpUntil(Application& app, const std::function<bool()>& done, int timeoutMs = 3000) {
-  auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(timeoutMs);
-  for (;;) {
-    app.processEvents();
-    if (done()) return true;
-    if (std::chrono::steady_clock::now() > end) return false;
-    user().WaitForWork(20);
-  }
-}
 
 // Reads the alert window's opacity from outside at each pump of a blocking loop: a message that
 // posts itself again is delivered once per pump.

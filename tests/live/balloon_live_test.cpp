@@ -19,6 +19,7 @@
 
 #include "desktop/desktop.h"
 #include "live/live_window_manager.h"
+#include "live/live_app_support.h"
 #include "live/x_probe.h"
 
 namespace corvane {
@@ -27,31 +28,14 @@ namespace {
 using live_test::haveProgram;
 using live_test::runCommand;
 using live_test::XProbe;
+using live_test::liveOptions;
+using live_test::nativeOf;
+using live_test::pumpUntil;
+using live_test::settle;
 
-Application::Options liveOptions() {
-  Application::Options o;
-  o.display = Application::DisplayKind::Live;
-  return o;
-}
 
-Window nativeOf(HWND h) {
-  return dynamic_cast<LiveWindowManager&>(dynamic_cast<Desktop&>(platform()).windows()).nativeWindow(h);
-}
 
-bool pumpUntil(Application& app, const std::function<bool()>& done, int timeoutMs = 3000) {
-  auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(timeoutMs);
-  for (;;) {
-    app.processEvents();
-    if (done()) return true;
-    if (std::chrono::steady_clock::now() > end) return false;
-    user().WaitForWork(20);
-  }
-}
 
-void settle(Application& app, int ms = 300) {
-  pumpUntil(
-      app, [] { return false; }, ms);
-}
 
 class BalloonLiveTest : public ::testing::Test {
  protected:
@@ -80,7 +64,7 @@ TEST_F(BalloonLiveTest, TheBalloonIsATopMostWindowWithTheShapeOfItsRegion) {
   ASSERT_TRUE(creator->IsVisible());
   HWND h = BalloonWindow::instance().form()->hWnd();
   below->Show();  // raised again: the balloon still stays above it
-  settle(app);
+  settle(app, 300);
 
   Window native = nativeOf(h);
   ASSERT_NE(native, 0u);
@@ -116,12 +100,12 @@ TEST_F(BalloonLiveTest, TheBalloonIsATopMostWindowWithTheShapeOfItsRegion) {
   // In the balloon's box but outside its shape, the pointer is over the form below.
   runCommand("xdotool mousemove " + std::to_string(r.Left + W / 2) + " " + std::to_string(r.Top + 8) +
              " 2>&1");
-  settle(app);
+  settle(app, 300);
   EXPECT_EQ(probe.windowUnderPointer(), nativeOf(below->hWnd()));
   // Inside the shape it is over the balloon.
   runCommand("xdotool mousemove " + std::to_string(r.Left + W / 2) + " " + std::to_string(r.Top + 22) +
              " 2>&1");
-  settle(app);
+  settle(app, 300);
   EXPECT_EQ(probe.windowUnderPointer(), native);
 
   // A press of the left button elsewhere closes the balloon at the next poll; the form below gets it.
@@ -142,7 +126,7 @@ TEST_F(BalloonLiveTest, AShortClickOnAnotherWindowOfTheProgramClosesTheBalloon) 
   std::string message = "Ein kurzer Klick daneben schlie\xC3\x9Ft mich";
   creator->popUpBalloon(below->hWnd(), message, "", vbNone, false, true, 0, 8, "MS Sans Serif", 0, false,
                         true, 6000, 200, 300);
-  settle(app);
+  settle(app, 300);
   ASSERT_TRUE(creator->IsVisible());
   // Press and release within one poll: the press is still counted at the next tick.
   runCommand("xdotool mousemove 450 400 click 1 2>&1");

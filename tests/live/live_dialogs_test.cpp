@@ -27,6 +27,7 @@
 #include "desktop/desktop.h"
 #include "live/gtk_dialogs.h"
 #include "live/live_window_manager.h"
+#include "live/live_app_support.h"
 #include "live/x_probe.h"
 
 namespace corvane {
@@ -35,27 +36,12 @@ namespace {
 using live_test::haveProgram;
 using live_test::runCommand;
 using live_test::XProbe;
+using live_test::liveOptions;
+using live_test::nativeOf;
+using live_test::pumpUntil;
 
-Application::Options liveOptions() {
-  Application::Options o;
-  o.display = Application::DisplayKind::Live;
-  return o;
-}
 
-Window nativeOf(const Form& f) {
-  return dynamic_cast<LiveWindowManager&>(dynamic_cast<Desktop&>(platform()).windows())
-      .nativeWindow(f.hWnd());
-}
 
-bool pumpUntil(Application& app, const std::function<bool()>& done, int timeoutMs = 3000) {
-  auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(timeoutMs);
-  for (;;) {
-    app.processEvents();
-    if (done()) return true;
-    if (std::chrono::steady_clock::now() > end) return false;
-    user().WaitForWork(20);
-  }
-}
 
 FormRef shownForm(const std::string& name, const std::string& caption, int32_t x, int32_t y, int32_t w,
                   int32_t h) {

@@ -26,6 +26,7 @@
 
 #include "desktop/desktop.h"
 #include "live/live_window_manager.h"
+#include "live/live_app_support.h"
 #include "live/x_probe.h"
 
 namespace corvane {
@@ -34,34 +35,15 @@ namespace {
 using live_test::haveProgram;
 using live_test::runCommand;
 using live_test::XProbe;
+using live_test::liveOptions;
+using live_test::nativeOf;
+using live_test::pumpUntil;
+using live_test::settle;
+using live_test::liveWindows;
 
-Application::Options liveOptions() {
-  Application::Options o;
-  o.display = Application::DisplayKind::Live;
-  return o;
-}
 
-LiveWindowManager& liveWindows() {
-  return dynamic_cast<LiveWindowManager&>(dynamic_cast<Desktop&>(platform()).windows());
-}
-Window nativeOf(const Form& f) { return liveWindows().nativeWindow(f.hWnd()); }
 
-// Runs the application's loop until the condition holds or the time is up.
-bool pumpUntil(Application& app, const std::function<bool()>& done, int timeoutMs = 3000) {
-  auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(timeoutMs);
-  for (;;) {
-    app.processEvents();
-    if (done()) return true;
-    if (std::chrono::steady_clock::now() > end) return false;
-    user().WaitForWork(20);
-  }
-}
 
-// Lets the display settle: the program's requests reach the server and its answers come back.
-void settle(Application& app, int ms = 200) {
-  pumpUntil(
-      app, [] { return false; }, ms);
-}
 
 FormRef shownForm(const std::string& name, const std::string& caption, int32_t x, int32_t y, int32_t w,
                   int32_t h, OLE_COLOR back = 0xE0FFFF) {
