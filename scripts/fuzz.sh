@@ -14,9 +14,9 @@ CXX=clang++-14 cmake -S . -B build-fuzz -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCORV
 cmake --build build-fuzz -j"$(nproc)"
 
 # Longest input per target: long enough for what each parser meets in practice.
-declare -A max_len=([label_markup]=4096 [form_file]=65536 [picture]=65536 [val_format]=256 [property_bag]=16384 [html_text]=65536)
+declare -A max_len=([label_markup]=4096 [form_file]=65536 [picture]=65536 [val_format]=256 [property_bag]=16384 [html_text]=65536 [small_parsers]=4096)
 targets=("$@")
-[ ${#targets[@]} -eq 0 ] && targets=(label_markup form_file picture val_format property_bag html_text)
+[ ${#targets[@]} -eq 0 ] && targets=(label_markup form_file picture val_format property_bag html_text small_parsers)
 failed=()
 for t in "${targets[@]}"; do
   work=build-fuzz/corpus/$t

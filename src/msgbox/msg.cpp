@@ -108,10 +108,11 @@ void Msg::Initialise() {
 void Msg::InitProperties() { Initialise(); }
 
 void Msg::ReadProperties(PropertyBag& bag) {
-  for (const auto& [key, value] : textDefaults())
-    guarded([&] { m_texts[key] = bag.ReadProperty(key, value).toString(); });
-  for (const auto& [key, value] : lengthDefaults())
-    guarded([&] { m_lengths[key] = bag.ReadProperty(key, value).toLong(); });
+  // Pairs, not structured bindings: Clang 14 cannot capture those in a lambda.
+  for (const auto& entry : textDefaults())
+    guarded([&] { m_texts[entry.first] = bag.ReadProperty(entry.first, entry.second).toString(); });
+  for (const auto& entry : lengthDefaults())
+    guarded([&] { m_lengths[entry.first] = bag.ReadProperty(entry.first, entry.second).toLong(); });
   for (const auto& key : pictureKeys())
     guarded([&] { m_pictures[key] = bag.ReadProperty(key, Variant()).as<PictureRef>(); });
   guarded([&] { m_GrayScale = bag.ReadProperty("GrayScale", false).toBool(); });
@@ -122,10 +123,10 @@ void Msg::ReadProperties(PropertyBag& bag) {
 }
 
 void Msg::WriteProperties(PropertyBag& bag) {
-  for (const auto& [key, value] : textDefaults())
-    guarded([&] { bag.WriteProperty(key, m_texts.at(key), value); });
-  for (const auto& [key, value] : lengthDefaults())
-    guarded([&] { bag.WriteProperty(key, m_lengths.at(key), value); });
+  for (const auto& entry : textDefaults())
+    guarded([&] { bag.WriteProperty(entry.first, m_texts.at(entry.first), entry.second); });
+  for (const auto& entry : lengthDefaults())
+    guarded([&] { bag.WriteProperty(entry.first, m_lengths.at(entry.first), entry.second); });
   for (const auto& key : pictureKeys())
     guarded([&] { bag.WriteProperty(key, pictureToStore(m_pictures.at(key)), Variant()); });
   guarded([&] { bag.WriteProperty("GrayScale", m_GrayScale, false); });
