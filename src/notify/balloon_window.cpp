@@ -26,11 +26,7 @@ float tx() { return Screen::instance().TwipsPerPixelX(); }
 float ty() { return Screen::instance().TwipsPerPixelY(); }
 
 FontRef balloonFont(const std::string& face, double size, bool bold) {
-  FontSpec spec;
-  spec.name = face;
-  spec.size = size;
-  spec.bold = bold;
-  return StdFont::create(spec);
+  return StdFont::create({.name = face, .size = size, .bold = bold});
 }
 }  // namespace
 

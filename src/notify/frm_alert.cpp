@@ -64,12 +64,7 @@ class AlertTimers : public HostedControl {
 };
 
 FontRef makeFont(const std::string& name, double size, bool bold, bool underline = false) {
-  FontSpec spec;
-  spec.name = name;
-  spec.size = size;
-  spec.bold = bold;
-  spec.underline = underline;
-  return StdFont::create(spec);
+  return StdFont::create({.name = name, .size = size, .bold = bold, .underline = underline});
 }
 
 // A carriage return, a line feed or both end a line, as the label shows it.
