@@ -8,6 +8,7 @@
 #include <string>
 
 #include "desktop/desktop.h"
+#include "pango_label_layout.h"
 #include <corvane/host/form.h>
 #include <corvane/platform/api.h>
 #include <corvane/platform/platform.h>
@@ -52,29 +53,6 @@ std::pair<std::string, std::string> longCaption() {
   return {ours, pango};
 }
 
-// Pango set up as the label's text is: Liberation Sans (the face drawn for Arial) at 13 pixels
-// (10 points at 96 pixels per inch), greyscale antialiasing, slight hinting, whole-pixel metrics.
-PangoLayout* pangoLayoutFor(cairo_t* cr, const std::string& markup, int widthPx, bool wrap) {
-  PangoLayout* layout = pango_cairo_create_layout(cr);
-  PangoContext* context = pango_layout_get_context(layout);
-  cairo_font_options_t* o = cairo_font_options_create();
-  cairo_font_options_set_antialias(o, CAIRO_ANTIALIAS_GRAY);
-  cairo_font_options_set_hint_style(o, CAIRO_HINT_STYLE_SLIGHT);
-  cairo_font_options_set_hint_metrics(o, CAIRO_HINT_METRICS_ON);
-  pango_cairo_context_set_font_options(context, o);
-  cairo_font_options_destroy(o);
-  pango_context_set_round_glyph_positions(context, TRUE);
-  PangoFontDescription* font = pango_font_description_from_string("Liberation Sans");
-  pango_font_description_set_absolute_size(font, 13 * PANGO_SCALE);
-  pango_layout_set_font_description(layout, font);
-  pango_font_description_free(font);
-  if (wrap) {
-    pango_layout_set_width(layout, widthPx * PANGO_SCALE);
-    pango_layout_set_wrap(layout, PANGO_WRAP_WORD);
-  }
-  pango_layout_set_markup(layout, markup.c_str(), -1);
-  return layout;
-}
 
 // Pango's fresh layout: parsed, laid out and painted each time, on a cleared surface of the
 // label's size.
@@ -84,7 +62,7 @@ void pangoLayoutAndPaint(benchmark::State& state, const std::string& markup, int
   for (auto _ : state) {
     cairo_set_source_rgb(cr, 1, 1, 1);
     cairo_paint(cr);
-    PangoLayout* layout = pangoLayoutFor(cr, markup, widthPx, wrap);
+    PangoLayout* layout = pangoLabelLayout(cr, markup, widthPx, wrap);
     cairo_set_source_rgb(cr, 0, 0, 0);
     cairo_move_to(cr, 0, 0);
     pango_cairo_show_layout(cr, layout);
@@ -100,7 +78,7 @@ void pangoLayoutAndPaint(benchmark::State& state, const std::string& markup, int
 void pangoKeptLayoutPaint(benchmark::State& state, const std::string& markup, int widthPx, int heightPx, bool wrap) {
   cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, widthPx, heightPx);
   cairo_t* cr = cairo_create(surface);
-  PangoLayout* layout = pangoLayoutFor(cr, markup, widthPx, wrap);
+  PangoLayout* layout = pangoLabelLayout(cr, markup, widthPx, wrap);
   for (auto _ : state) {
     cairo_set_source_rgb(cr, 1, 1, 1);
     cairo_paint(cr);

@@ -7,27 +7,16 @@
 #include <chrono>
 #include <cstdio>
 
+#include "../pango_label_layout.h"
+
 int main() {
   auto start = std::chrono::steady_clock::now();
   cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 400, 20);
   cairo_t* cr = cairo_create(surface);
   cairo_set_source_rgb(cr, 1, 1, 1);
   cairo_paint(cr);
-  PangoLayout* layout = pango_cairo_create_layout(cr);
-  PangoContext* context = pango_layout_get_context(layout);
-  cairo_font_options_t* o = cairo_font_options_create();
-  cairo_font_options_set_antialias(o, CAIRO_ANTIALIAS_GRAY);
-  cairo_font_options_set_hint_style(o, CAIRO_HINT_STYLE_SLIGHT);
-  cairo_font_options_set_hint_metrics(o, CAIRO_HINT_METRICS_ON);
-  pango_cairo_context_set_font_options(context, o);
-  cairo_font_options_destroy(o);
-  pango_context_set_round_glyph_positions(context, TRUE);
-  PangoFontDescription* font = pango_font_description_from_string("Liberation Sans");
-  pango_font_description_set_absolute_size(font, 13 * PANGO_SCALE);
-  pango_layout_set_font_description(layout, font);
-  pango_font_description_free(font);
-  pango_layout_set_markup(layout, "<b>Fett</b> und <span foreground=\"#FF0000\">rot</span> und <i>kursiv</i>",
-                          -1);
+  PangoLayout* layout =
+      pangoLabelLayout(cr, "<b>Fett</b> und <span foreground=\"#FF0000\">rot</span> und <i>kursiv</i>", 400, false);
   cairo_set_source_rgb(cr, 0, 0, 0);
   cairo_move_to(cr, 0, 0);
   pango_cairo_show_layout(cr, layout);

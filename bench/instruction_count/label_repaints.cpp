@@ -14,6 +14,7 @@
 #include <string>
 
 #include "desktop/desktop.h"
+#include "../pango_label_layout.h"
 
 using namespace corvane;
 
@@ -58,24 +59,7 @@ void pango(bool longOne, long count) {
   const int w = 400, h = longOne ? 800 : 20;
   cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, w, h);
   cairo_t* cr = cairo_create(surface);
-  PangoLayout* layout = pango_cairo_create_layout(cr);
-  PangoContext* context = pango_layout_get_context(layout);
-  cairo_font_options_t* o = cairo_font_options_create();
-  cairo_font_options_set_antialias(o, CAIRO_ANTIALIAS_GRAY);
-  cairo_font_options_set_hint_style(o, CAIRO_HINT_STYLE_SLIGHT);
-  cairo_font_options_set_hint_metrics(o, CAIRO_HINT_METRICS_ON);
-  pango_cairo_context_set_font_options(context, o);
-  cairo_font_options_destroy(o);
-  pango_context_set_round_glyph_positions(context, TRUE);
-  PangoFontDescription* font = pango_font_description_from_string("Liberation Sans");
-  pango_font_description_set_absolute_size(font, 13 * PANGO_SCALE);
-  pango_layout_set_font_description(layout, font);
-  pango_font_description_free(font);
-  if (longOne) {
-    pango_layout_set_width(layout, w * PANGO_SCALE);
-    pango_layout_set_wrap(layout, PANGO_WRAP_WORD);
-  }
-  pango_layout_set_markup(layout, caption(longOne).second.c_str(), -1);
+  PangoLayout* layout = pangoLabelLayout(cr, caption(longOne).second, w, longOne);
   for (long i = 0; i < count; ++i) {
     cairo_set_source_rgb(cr, 1, 1, 1);
     cairo_paint(cr);
