@@ -50,7 +50,7 @@ void Canvas::writeColumns() const {
   const uint32_t* colours = m_columnColours.data() + left;
   for (int32_t y = m_columnsTop; y < m_columnsBottom; ++y)
     std::copy_n(colours, count, reinterpret_cast<uint32_t*>(m_data + static_cast<size_t>(y) * m_stride) + left);
-  cairo_surface_mark_dirty(m_surface);
+  m_cairoStale = true;
 }
 
 void Canvas::attach() {
@@ -81,6 +81,7 @@ bool Canvas::resize(int32_t width, int32_t height, COLORREF fillColour) {
     std::fill(dst + keep, dst + width, f);
   }
   cairo_surface_mark_dirty(next);
+  m_cairoStale = false;
   cairo_surface_destroy(m_surface);
   m_surface = next;
   attach();

@@ -23,14 +23,10 @@ class Canvas {
   int32_t width() const { return m_width; }
   int32_t height() const { return m_height; }
   cairo_surface_t* surface() const {  // for drawing: counts as a change
-    settle();
     ++m_version;
-    return m_surface;
+    return settledForCairo();
   }
-  cairo_surface_t* readSurface() const {  // for reading only, as when saving
-    settle();
-    return m_surface;
-  }
+  cairo_surface_t* readSurface() const { return settledForCairo(); }  // for reading only, as when saving
   // Goes up with every call that can change the pixels, so that a copy of them knows it is stale.
   uint64_t version() const { return m_version; }
 
@@ -62,7 +58,9 @@ class Canvas {
 
   // Call before reading pixels after Cairo drew, and after writing pixels before Cairo draws.
   void flush() { cairo_surface_flush(m_surface); }
-  void markDirty() { cairo_surface_mark_dirty(m_surface); }  // gathered columns mark it when written
+  // Pixels written directly are told to Cairo the next time Cairo is given the surface, once for
+  // any number of writes.
+  void markDirty() { m_cairoStale = true; }
 
   static uint32_t toArgb(COLORREF c) {
     return 0xFF000000u | ((c & 0xFF) << 16) | (c & 0xFF00) | ((c >> 16) & 0xFF);
@@ -76,11 +74,21 @@ class Canvas {
   void settle() const {
     if (m_columnsLeft < m_columnsRight) writeColumns();
   }
+  // Settled, and Cairo told of the pixels written directly since it last had the surface.
+  cairo_surface_t* settledForCairo() const {
+    settle();
+    if (m_cairoStale) {
+      m_cairoStale = false;
+      cairo_surface_mark_dirty(m_surface);
+    }
+    return m_surface;
+  }
   void writeColumns() const;
 
   // Gathered columns: m_columnColours[x] for x in [m_columnsLeft, m_columnsRight), rows
   // [m_columnsTop, m_columnsBottom). Written by settle() before any other use of the pixels.
   mutable uint64_t m_version = 0;
+  mutable bool m_cairoStale = false;
   mutable int32_t m_columnsLeft = 0, m_columnsRight = 0, m_columnsTop = 0, m_columnsBottom = 0;
   std::vector<uint32_t> m_columnColours;
   cairo_surface_t* m_surface = nullptr;

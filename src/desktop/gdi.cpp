@@ -109,46 +109,30 @@ DesktopGdi::~DesktopGdi() = default;
 
 // --- handle table -------------------------------------------------------------------------------
 
-int32_t DesktopGdi::newHandle() {
-  int32_t handle = 0;
-  do {
-    handle = m_nextHandle;
-    m_nextHandle = m_nextHandle == INT32_MAX ? 0x100 : m_nextHandle + 1;
-  } while (m_objects.count(handle) || m_dcs.count(handle));  // only after the counter wrapped
+int32_t DesktopGdi::addObject(GdiObject object) {
+  const bool counted = object.counted(), image = object.kind == GdiObject::Kind::Image;
+  const int32_t handle = m_handles.add(std::move(object));
+  if (handle == 0) return 0;
+  if (counted) ++m_liveObjects;
+  if (image) ++m_liveImages;
   return handle;
 }
 
-int32_t DesktopGdi::addObject(GdiObject object) {
-  if (object.counted()) ++m_liveObjects;
-  if (object.kind == GdiObject::Kind::Image) ++m_liveImages;
-  int32_t handle = newHandle();
-  if (m_spareObject) {  // the entry of a pen or brush deleted before, reused without allocating
-    m_spareObject.key() = handle;
-    m_spareObject.mapped() = std::move(object);
-    m_objects.insert(std::move(m_spareObject));
-  } else {
-    m_objects.emplace(handle, std::move(object));
-  }
+int32_t DesktopGdi::addPlainObject(GdiObject::Kind kind, int32_t penStyle, int32_t penWidth, COLORREF colour) {
+  const int32_t handle = m_handles.addPlain(kind, penStyle, penWidth, colour);
+  if (handle != 0) ++m_liveObjects;
   return handle;
 }
 
 void DesktopGdi::removeObject(int32_t handle) {
-  auto it = m_objects.find(handle);
-  if (it == m_objects.end()) return;
-  if (it->second.counted()) --m_liveObjects;
-  if (it->second.kind == GdiObject::Kind::Image) --m_liveImages;
-  // Pens and brushes hold nothing else, and painters make and delete one per line.
-  const bool plain = it->second.kind == GdiObject::Kind::Pen || it->second.kind == GdiObject::Kind::Brush;
-  if (plain && !m_spareObject)
-    m_spareObject = m_objects.extract(it);
-  else
-    m_objects.erase(it);
+  const GdiObject* o = m_handles.find(handle);
+  if (!o) return;
+  if (o->counted()) --m_liveObjects;
+  if (o->kind == GdiObject::Kind::Image) --m_liveImages;
+  m_handles.remove(handle);
 }
 
-GdiObject* DesktopGdi::object(int32_t handle) {
-  auto it = m_objects.find(handle);
-  return it == m_objects.end() ? nullptr : &it->second;
-}
+GdiObject* DesktopGdi::object(int32_t handle) { return m_handles.find(handle); }
 
 const GdiObject* DesktopGdi::picture(int32_t handle) {
   const GdiObject* o = object(handle);
@@ -179,7 +163,8 @@ bool DesktopGdi::removeKeyHandle(HKEY handle) {
 
 HDC DesktopGdi::addDc(std::unique_ptr<DcState> state) {
   selectDefaults(*state);
-  HDC handle = newHandle();
+  const HDC handle = m_handles.reserve();
+  if (handle == 0) return 0;
   m_dcs.emplace(handle, std::move(state));
   return handle;
 }
@@ -198,6 +183,7 @@ void DesktopGdi::removeDc(HDC hdc) {
     m_lastDc = nullptr;
   }
   m_dcs.erase(it);
+  m_handles.remove(hdc);
   removeObject(own);
 }
 
@@ -218,7 +204,7 @@ DcState* DesktopGdi::dc(HDC hdc) {
 }
 
 const std::shared_ptr<TextFont>& DesktopGdi::stockTextFont() {
-  GdiObject& font = m_objects.at(m_stockFont);
+  GdiObject& font = *m_handles.find(m_stockFont);
   if (!font.font) font.font = m_fonts.font(font.fontSpec, m_dpiY);
   return font.font;
 }
@@ -229,7 +215,7 @@ TextFont& DesktopGdi::textFont(DcState& state) {
 }
 
 void DesktopGdi::selectDefaults(DcState& state) {
-  const GdiObject& font = m_objects.at(m_stockFont);
+  const GdiObject& font = *m_handles.find(m_stockFont);
   state.pen = m_stockPen;
   state.penStyle = PS_SOLID;
   state.penWidth = 1;
@@ -241,7 +227,7 @@ void DesktopGdi::selectDefaults(DcState& state) {
   state.underline = state.strikethrough = false;
   if (state.memory) {
     state.bitmapHandle = m_stockBitmap;
-    state.bitmap = m_objects.at(m_stockBitmap).canvas;
+    state.bitmap = m_handles.find(m_stockBitmap)->canvas;
   }
 }
 
@@ -273,7 +259,7 @@ void DesktopGdi::setPixelsPerInch(int32_t x, int32_t y) {
   m_dpiX = std::max(x, 1);
   m_dpiY = std::max(y, 1);
   // Contexts holding the stock font keep the one of the old resolution, as if it had been made.
-  GdiObject& font = m_objects.at(m_stockFont);
+  GdiObject& font = *m_handles.find(m_stockFont);
   if (m_dpiY == oldDpiY) return;
   for (auto& [handle, state] : m_dcs) {
     if (state->textFont) continue;
@@ -284,9 +270,9 @@ void DesktopGdi::setPixelsPerInch(int32_t x, int32_t y) {
 }
 
 std::vector<RECT> DesktopGdi::regionRects(HRGN region) const {
-  auto it = m_objects.find(region);
-  if (it == m_objects.end() || it->second.kind != GdiObject::Kind::Region) return {};
-  return it->second.region.rects();
+  const GdiObject* o = m_handles.find(region);
+  if (!o || o->kind != GdiObject::Kind::Region) return {};
+  return o->region.rects();
 }
 
 // --- device contexts ----------------------------------------------------------------------------
@@ -359,18 +345,12 @@ int32_t DesktopGdi::RealizePalette(HDC hdc) {
 
 HBRUSH DesktopGdi::CreateSolidBrush(COLORREF colour) {
   recordEverywhere("CreateSolidBrush", colour);
-  GdiObject o(GdiObject::Kind::Brush);
-  o.colour = colour & 0xFFFFFF;
-  return addObject(std::move(o));
+  return addPlainObject(GdiObject::Kind::Brush, 0, 1, colour & 0xFFFFFF);
 }
 
 HPEN DesktopGdi::CreatePen(int32_t style, int32_t width, COLORREF colour) {
   recordEverywhere("CreatePen", style, width, colour);
-  GdiObject o(GdiObject::Kind::Pen);
-  o.penStyle = style;
-  o.penWidth = std::max(width, 1);
-  o.colour = colour & 0xFFFFFF;
-  return addObject(std::move(o));
+  return addPlainObject(GdiObject::Kind::Pen, style, std::max(width, 1), colour & 0xFFFFFF);
 }
 
 HFONT DesktopGdi::CreateFontIndirect(const FontSpec& font) {
@@ -465,7 +445,7 @@ void DesktopGdi::SetDCFont(HDC hdc, const FontSpec& font) {
     own.dcOwned = true;
     d->ownFont = addObject(std::move(own));
   }
-  GdiObject& own = m_objects.at(d->ownFont);
+  GdiObject& own = *m_handles.find(d->ownFont);
   own.fontSpec = font;
   own.font = made;
   d->font = d->ownFont;
@@ -481,7 +461,9 @@ bool DesktopGdi::DeleteObject(HGDIOBJ obj) {
   const GdiObject* o = object(obj);
   if (!o || o->stock || o->dcOwned || o->kind == GdiObject::Kind::Key) return false;
   if (o->kind == GdiObject::Kind::Image && o->icon) return false;  // icons go through DestroyIcon
-  removeObject(obj);
+  if (o->counted()) --m_liveObjects;
+  if (o->kind == GdiObject::Kind::Image) --m_liveImages;
+  m_handles.remove(obj);
   return true;
 }
 

@@ -10,6 +10,7 @@
 
 #include "desktop/dc_state.h"
 #include "desktop/font_cache.h"
+#include "desktop/gdi_handle_table.h"
 #include "desktop/gdi_object.h"
 #include "desktop/sys_colors.h"
 #include "desktop/window_images.h"
@@ -58,7 +59,7 @@ class DesktopGdi : public GdiApi {
   // Resolution for GetDeviceCaps(LOGPIXELSX/Y) and for font sizes in points (96: 15 twips to a
   // pixel). Fonts made before keep their size.
   void setPixelsPerInch(int32_t x, int32_t y);
-  bool stockFontMade() const { return m_objects.at(m_stockFont).font != nullptr; }  // for tests
+  bool stockFontMade() const { return m_handles.find(m_stockFont)->font != nullptr; }  // for tests
   // Loaded pictures (bitmaps and icons) that are alive; not part of liveObjectCount.
   int32_t liveImageCount() const { return m_liveImages; }
   // Bytes of text measured by GetTextExtentPoint32A so far: the work of text measurement, for
@@ -146,8 +147,9 @@ class DesktopGdi : public GdiApi {
   DcState* dc(HDC hdc);
   GdiObject* object(int32_t handle);
   const GdiObject* picture(int32_t handle);  // a loaded picture or a bitmap
-  int32_t newHandle();
   int32_t addObject(GdiObject object);
+  // A pen or a brush, made without building a whole object.
+  int32_t addPlainObject(GdiObject::Kind kind, int32_t penStyle, int32_t penWidth, COLORREF colour);
   void removeObject(int32_t handle);
   HDC addDc(std::unique_ptr<DcState> state);
   void removeDc(HDC hdc);
@@ -172,10 +174,8 @@ class DesktopGdi : public GdiApi {
   WindowImages& m_windows;
   FontCache& m_fonts = FontCache::shared();  // one per process: fonts and glyphs outlive a desktop
   SysColors m_colours;
-  std::unordered_map<int32_t, GdiObject> m_objects;
-  std::unordered_map<int32_t, GdiObject>::node_type m_spareObject;
+  GdiHandleTable m_handles;
   std::unordered_map<HDC, std::unique_ptr<DcState>> m_dcs;
-  int32_t m_nextHandle = 0x100;
   int32_t m_liveObjects = 0, m_liveImages = 0, m_liveKeys = 0, m_recording = 0;
   uint64_t m_measuredTextBytes = 0;
   int32_t m_dpiX = 96, m_dpiY = 96;

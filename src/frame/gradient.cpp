@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <memory>
+#include <vector>
 
 #include <corvane/platform/api.h>
 #include <corvane/runtime/array_object.h>
@@ -116,18 +117,17 @@ int32_t CGradient::DrawGradient(HDC hDC, int32_t width, int32_t height) {
     }
 
     // The list of line ends, built first so that the number of colours is known.
-    VbArray<PointLng> lines(0, 999);
-    lines(0) = {CLng(xOff + pt[0].X), CLng(yOff + pt[0].Y)};
-    lines(1) = {CLng(xOff + pt[1].X), CLng(yOff + pt[1].Y)};
-    int32_t i = 2;
+    std::vector<PointLng> lines;
+    lines.reserve(static_cast<size_t>(2 * (width > height ? width : height) + 8));
+    lines.push_back({CLng(xOff + pt[0].X), CLng(yOff + pt[0].Y)});
+    lines.push_back({CLng(xOff + pt[1].X), CLng(yOff + pt[1].Y)});
     // The sweep ends at the first entry after which the two latest entries lie past the far
     // border; that can be the start or the end of a line.
     for (;;) {
-      if (i % 1000 == 0) lines.redimPreserve(i + 999);
-      lines(i) = {add32(lines(i - 2).X, stepX), add32(lines(i - 2).Y, stepY)};
-      ++i;
-      const PointLng& a = lines(i - 1);
-      const PointLng& b = lines(i - 2);
+      const PointLng& before = lines[lines.size() - 2];
+      lines.push_back({add32(before.X, stepX), add32(before.Y, stepY)});
+      const PointLng& a = lines[lines.size() - 1];
+      const PointLng& b = lines[lines.size() - 2];
       bool past;
       if (stepX >= 1)
         past = a.X > width && b.X > width;
@@ -139,20 +139,22 @@ int32_t CGradient::DrawGradient(HDC hDC, int32_t width, int32_t height) {
         past = a.Y < 0 && b.Y < 0;
       if (past) break;
     }
-    lines.redimPreserve(i - 1);
+    const int32_t i = static_cast<int32_t>(lines.size());
     const int32_t lineCount = CLng(i / 2.0);  // an odd count rounds to even
 
     VbArray<int32_t> colours;
     BlendColors(m_Color1, m_Color2, lineCount, colours);
+    // Line j / 2 takes colour j / 2, which is always among the lineCount colours.
+    const int32_t* blend = colours.begin();
 
     // One pen per line. The count returned is the last j plus 2.
     GdiApi& g = gdi();
     int32_t lastJ = 0;
-    for (int32_t j = 0; j <= lines.ubound() - 1; j += 2) {
-      g.MoveToEx(hDC, lines(j).X, lines(j).Y, nullptr);
-      const HPEN pen = g.CreatePen(PS_SOLID, 1, colours(static_cast<int32_t>(Int(j / 2.0))));
+    for (int32_t j = 0; j + 1 < i; j += 2) {
+      g.MoveToEx(hDC, lines[j].X, lines[j].Y, nullptr);
+      const HPEN pen = g.CreatePen(PS_SOLID, 1, blend[j / 2]);
       const HGDIOBJ old = g.SelectObject(hDC, pen);
-      g.LineTo(hDC, lines(j + 1).X, lines(j + 1).Y);
+      g.LineTo(hDC, lines[j + 1].X, lines[j + 1].Y);
       g.SelectObject(hDC, old);
       g.DeleteObject(pen);
       lastJ = j;

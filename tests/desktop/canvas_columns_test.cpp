@@ -72,3 +72,28 @@ TEST(CanvasColumns, CairoSeesTheColumnsAndResizingKeepsThem) {
 
 }  // namespace
 }  // namespace corvane
+
+namespace corvane {
+namespace {
+
+// Vertical lines reaching past the canvas are cut to its rows; the end point stays out.
+TEST(CanvasColumns, VerticalLinesAreClippedToTheRows) {
+  Canvas c(6, 5);
+  GdiRaster::line(c, 0, -1000000, 0, 3, kRed, 1);       // from far above to row 2
+  GdiRaster::line(c, 1, 2000000000, 1, 2, kGreen, 1);   // upwards from far below: rows 4 to 3
+  GdiRaster::line(c, 2, 4, 2, 4, kBlue, 1);             // no length: nothing
+  GdiRaster::line(c, 6, 0, 6, 5, kBlue, 1);             // right of the canvas: nothing
+  GdiRaster::line(c, -1, 0, -1, 5, kBlue, 1);           // left of it: nothing
+  GdiRaster::line(c, 3, -5, 3, -1, kBlue, 1);           // above it: nothing
+  GdiRaster::line(c, 4, 9, 4, 5, kBlue, 1);             // below it, upwards, ending at row 5: nothing
+  GdiRaster::line(c, 5, 4, 5, -3, kRed, 1);             // upwards from the last row off the top
+  for (int y = 0; y < 5; ++y) {
+    EXPECT_EQ(c.pixel(0, y), y <= 2 ? kRed : kWhite) << y;
+    EXPECT_EQ(c.pixel(1, y), y >= 3 ? kGreen : kWhite) << y;
+    for (int x = 2; x <= 4; ++x) EXPECT_EQ(c.pixel(x, y), kWhite) << x << "," << y;
+    EXPECT_EQ(c.pixel(5, y), kRed) << y;
+  }
+}
+
+}  // namespace
+}  // namespace corvane

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 
 #include "runtime/expect_error.h"
@@ -82,6 +83,21 @@ TEST(Checked, RoundingConversions) {
   EXPECT_RUNTIME_ERROR(CLng(std::numeric_limits<double>::quiet_NaN()), 6);
   EXPECT_EQ(CSng(0.5), 0.5f);
   EXPECT_RUNTIME_ERROR(CSng(1e39), 6);
+}
+
+TEST(Checked, RoundingKeepsTiesToEvenAtEveryMagnitude) {
+  // Near and beyond 2^51, where the quick rounding hands over to the library's.
+  EXPECT_EQ(roundHalfEven(2251799813685247.5), 2251799813685248.0);
+  EXPECT_EQ(roundHalfEven(2251799813685246.5), 2251799813685246.0);
+  EXPECT_EQ(roundHalfEven(2251799813685248.5), 2251799813685248.0);
+  EXPECT_EQ(roundHalfEven(-4503599627370495.5), -4503599627370496.0);
+  EXPECT_EQ(roundHalfEven(1e300), 1e300);
+  EXPECT_TRUE(std::isinf(roundHalfEven(-std::numeric_limits<double>::infinity())));
+  EXPECT_TRUE(std::signbit(roundHalfEven(-0.4)));  // the sign of a zero result is kept
+  EXPECT_EQ(roundHalfEven(0.49999999999999994), 0.0);
+  EXPECT_EQ(roundHalfEven(-1.5), -2.0);
+  EXPECT_EQ(CLng(2147483647.4), 2147483647);
+  EXPECT_RUNTIME_ERROR(CLng(2147483647.5), 6);
 }
 
 TEST(Checked, IntAndFix) {
