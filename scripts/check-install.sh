@@ -33,12 +33,17 @@ for kind in shared static; do
     echo "install check: an installed header includes a third-party header"; exit 1
   fi
   [ ! -e "$prefix/include/corvane/desktop" ] || { echo "install check: the desktop's internals were installed"; exit 1; }
+  # The live dialogs are a module loaded on first use: installed beside the library, never linked.
+  [ -f "$libdir/corvane/libcorvane-live-dialogs.so" ] || { echo "install check: the dialogs module is missing"; exit 1; }
   if [ $kind = shared ]; then
     exported=$(nm -D --defined-only --demangle "$libdir"/libcorvane.so)
     if grep -E 'nlohmann|cairo_|pango_' <<<"$exported"; then
       echo "install check: the shared library exports names that are not its own"; exit 1
     fi
     echo "install check: libcorvane.so exports $(wc -l <<<"$exported") symbols"
+    if readelf -d "$libdir"/libcorvane.so | grep NEEDED | grep -E 'gtk|gdk'; then
+      echo "install check: the library links GTK, which only its dialogs module may"; exit 1
+    fi
   fi
 
   for example in examples/*/; do

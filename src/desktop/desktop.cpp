@@ -61,13 +61,12 @@ Desktop::Desktop(Options options)
       m_windows(options.makeWindows ? options.makeWindows(m_clock, options.width, options.height)
                                     : std::make_unique<WindowManager>(m_clock, options.width, options.height)),
       m_gdi(std::make_unique<DesktopGdi>(*m_windows)),
-      m_screen(std::make_unique<Canvas>(options.width, options.height, options.desktopColour)),
       m_composer(std::make_unique<ScreenComposer>(*m_windows)),
       m_registry(std::make_unique<DesktopRegistry>(*m_gdi)),
       m_appPath(executableFolder()),
       m_appName(executableName()),
       m_version(systemVersion()) {
-  m_windows->setScreenCanvas(m_screen.get());
+  m_windows->setScreenCanvas([this] { return &screenCanvas(); });
   m_windows->setRegionSource([this](HRGN r) { return m_gdi->regionRects(r); },
                              [this](HRGN r) { m_gdi->DeleteObject(r); });
   setTwipsPerPixel(options.twipsPerPixelX, options.twipsPerPixelY);
@@ -107,9 +106,17 @@ void Desktop::doubleClick(int32_t x, int32_t y) {
   mouseUp(1);
 }
 
-Canvas& Desktop::screen() {
-  m_composer->update(*m_screen, m_options.desktopColour);
+Canvas& Desktop::screenCanvas() {
+  // The screen image is made when first used: a program that never looks at the whole screen or
+  // draws on it keeps its 8 MB.
+  if (!m_screen) m_screen = std::make_unique<Canvas>(m_options.width, m_options.height, m_options.desktopColour);
   return *m_screen;
+}
+
+Canvas& Desktop::screen() {
+  Canvas& image = screenCanvas();
+  m_composer->update(image, m_options.desktopColour);
+  return image;
 }
 
 bool Desktop::savePng(const std::string& path) {
@@ -124,7 +131,7 @@ bool Desktop::saveWindowPng(HWND hWnd, const std::string& path) {
   if (!m_windows->GetWindowRect(hWnd, r)) return false;
   // Only the windows over this rectangle are composed, not the whole screen.
   Canvas part(r.Right - r.Left, r.Bottom - r.Top, 0);
-  if (!m_composer->composePart(r, m_screen->width(), m_screen->height(), m_options.desktopColour, part)) return false;
+  if (!m_composer->composePart(r, m_options.width, m_options.height, m_options.desktopColour, part)) return false;
   std::error_code ec;
   auto parent = std::filesystem::path(path).parent_path();
   if (!parent.empty()) std::filesystem::create_directories(parent, ec);

@@ -69,6 +69,7 @@ class Desktop : public Platform, public SystemApi {
 
   // The composed screen, brought up to date from the windows that changed.
   Canvas& screen();
+  bool screenMade() const { return m_screen != nullptr; }  // the screen image exists (made on first use)
   // Windows composed into an image so far (the screen or a saved window's part), for tests.
   uint64_t windowsComposed() const { return m_windows->windowsComposed(); }
   // Saves the screen, or the part a window covers, as PNG; false on failure.
@@ -104,6 +105,7 @@ class Desktop : public Platform, public SystemApi {
   }
 
  private:
+  Canvas& screenCanvas();  // the screen image, made on first use, not brought up to date
   Options m_options;
   Clock m_clock;
   std::unique_ptr<WindowManager> m_windows;

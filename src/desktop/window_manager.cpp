@@ -782,7 +782,7 @@ bool WindowManager::WaitForWork(int32_t maxMilliseconds) {
 // ---- images and composition ----
 
 Canvas* WindowManager::windowCanvas(HWND hWnd) {
-  if (hWnd == 0) return m_screen;
+  if (hWnd == 0) return m_screen ? m_screen() : nullptr;
   DesktopWindow* w = find(hWnd);
   return w ? w->canvas.get() : nullptr;
 }

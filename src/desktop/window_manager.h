@@ -120,7 +120,8 @@ class WindowManager : public UserApi, public WindowImages {
 
   // Desktop services beyond the platform calls.
   const DesktopWindow* window(HWND hWnd) const;
-  void setScreenCanvas(Canvas* screen) { m_screen = screen; }  // what a context on window 0 draws into
+  // What a context on window 0 draws into; made when first asked for.
+  void setScreenCanvas(std::function<Canvas*()> screen) { m_screen = std::move(screen); }
   void setWindowBackground(HWND hWnd, COLORREF colour);
   void setWindowProcess(HWND hWnd, int32_t processId);  // makes a window look foreign, for tests
   std::vector<HWND> topLevelWindows() const;             // bottom to top, top-most ones last
@@ -226,7 +227,7 @@ class WindowManager : public UserApi, public WindowImages {
   std::function<void(HRGN)> m_regionRelease;
   uint64_t m_drawCount = 0;
   uint64_t m_windowsComposed = 0;
-  Canvas* m_screen = nullptr;
+  std::function<Canvas*()> m_screen;
   int32_t m_processId;
   std::string m_clipboard;
 };

@@ -10,7 +10,7 @@
 #include <cstdlib>
 #include <thread>
 
-#include "live/gtk_dialogs.h"
+#include "live/live_dialogs.h"
 #include "live/live_window_manager.h"
 
 namespace corvane {
@@ -62,7 +62,7 @@ std::unique_ptr<Desktop> openLiveDesktop(Desktop::Options options) {
     return std::make_unique<LiveWindowManager>(clock, display);
   };
   options.makeDialogs = [](WindowManager& windows) -> std::unique_ptr<DialogApi> {
-    return std::make_unique<GtkDialogs>(dynamic_cast<LiveWindowManager&>(windows));
+    return std::make_unique<LiveDialogs>(dynamic_cast<LiveWindowManager&>(windows));
   };
   return std::make_unique<Desktop>(options);
 }

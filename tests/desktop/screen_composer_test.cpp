@@ -125,5 +125,26 @@ TEST_F(ScreenComposerTest, ScreenComposedFromChangesEqualsAFreshComposition) {
   expectScreenAsFresh("a region set");
 }
 
+TEST_F(ScreenComposerTest, TheScreenImageIsMadeOnlyWhenItIsUsed) {
+  const HWND h = makeWindow(10, 10, 40, 30);
+  paint(h, RECT{0, 0, 40, 30}, 0x0000FF);
+  const std::string path = (std::filesystem::temp_directory_path() / "corvane_screen_unmade.png").string();
+  ASSERT_TRUE(desktop().saveWindowPng(h, path));
+  std::remove(path.c_str());
+  EXPECT_FALSE(desktop().screenMade()) << "a window's picture is composed without the screen";
+  // A context on the screen itself makes it.
+  GdiApi& g = desktop().gdi();
+  HDC screenDc = g.GetDC(0);
+  HBRUSH green = g.CreateSolidBrush(0x00FF00);
+  g.FillRect(screenDc, RECT{0, 0, 100, 100}, green);
+  g.DeleteObject(green);
+  g.ReleaseDC(0, screenDc);
+  EXPECT_TRUE(desktop().screenMade());
+  Canvas& screen = desktop().screen();
+  EXPECT_EQ(screen.width(), 320);
+  EXPECT_EQ(screen.pixel(20, 20), 0x0000FF);
+  EXPECT_EQ(screen.pixel(200, 200), Desktop::Options{}.desktopColour);
+}
+
 }  // namespace
 }  // namespace corvane

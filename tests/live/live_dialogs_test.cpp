@@ -25,7 +25,7 @@
 #include <thread>
 
 #include "desktop/desktop.h"
-#include "live/gtk_dialogs.h"
+#include "live/live_dialogs.h"
 #include "live/live_window_manager.h"
 #include "live/live_app_support.h"
 #include "live/x_probe.h"
@@ -132,7 +132,8 @@ TEST_F(LiveDialogsTest, AFileDialogAnsweredByTypedKeysGivesItsPathToReturnPath) 
   Application app(liveOptions());
   FormRef form = shownForm("Owner", "Besitzer", 120, 120, 320, 200);
   pumpUntil(app, [&] { return nativeOf(*form) != 0; });
-  EXPECT_FALSE(GtkDialogs::gtkStarted()) << "GTK is set up only when a dialog is asked for";
+  EXPECT_FALSE(LiveDialogs::gtkStarted()) << "GTK is set up only when a dialog is asked for";
+  EXPECT_FALSE(LiveDialogs::moduleLoaded()) << "the dialogs module is loaded only when a dialog is asked for";
 
   OpenSaveDLG dialog;
   dialog.setOwner(form->hWnd());
@@ -162,7 +163,8 @@ TEST_F(LiveDialogsTest, AFileDialogAnsweredByTypedKeysGivesItsPathToReturnPath) 
   bool shown = false;
   EXPECT_NO_THROW(shown = dialog.Show(open));
   answerer.join();
-  EXPECT_TRUE(GtkDialogs::gtkStarted());
+  EXPECT_TRUE(LiveDialogs::moduleLoaded());
+  EXPECT_TRUE(LiveDialogs::gtkStarted());
   EXPECT_TRUE(shown);
   EXPECT_EQ(dialog.ReturnPath(), answer);
   std::filesystem::remove_all(folder);

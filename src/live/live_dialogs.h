@@ -3,22 +3,22 @@
 #include <corvane/platform/dialogs.h>
 
 #include <map>
-#include <memory>
 #include <string>
 
 namespace corvane {
 
 class LiveWindowManager;
+struct DialogModule;
 
 // The common dialogs of the live display: the desktop portal's file and folder dialogs where a
-// portal answers on the session bus, GTK's dialogs otherwise and for colours, fonts and
-// printing. Each dialog is modal to the owner's real window. GTK is set up when the first dialog
-// is asked for, so that a program that never opens one does not pay for it; where GTK cannot
-// open the display, every dialog is cancelled.
-class GtkDialogs : public DialogApi {
+// portal answers on the session bus, GTK's dialogs otherwise and for colours, fonts and printing,
+// each modal to the owner's real window. They come from the dialogs module, which is loaded when
+// the first dialog is asked for; where it cannot be loaded, every dialog is cancelled and the
+// reason is written to the standard error once.
+class LiveDialogs : public DialogApi {
  public:
-  explicit GtkDialogs(LiveWindowManager& windows);
-  ~GtkDialogs() override;
+  explicit LiveDialogs(LiveWindowManager& windows);
+  ~LiveDialogs() override;
 
   int32_t ChooseColorA(CHOOSECOLOR& cc) override;
   int32_t GetOpenFileNameA(OPENFILENAME& ofn) override;
@@ -28,11 +28,12 @@ class GtkDialogs : public DialogApi {
   int32_t PrintDlgA(PRINTDLG& pd) override;
   int32_t ChooseFontA(CHOOSEFONT& cf) override;
 
-  // Whether GTK has been set up (it is, once a dialog was asked for).
+  // Whether the dialogs module is loaded, and whether GTK has been set up (once a dialog of
+  // GTK's was asked for).
+  static bool moduleLoaded();
   static bool gtkStarted();
 
  private:
-  bool startGtk();
   unsigned long ownerWindow(HWND owner) const;
   int32_t fileDialog(OPENFILENAME& ofn, bool save);
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "live/portal_file_chooser.h"
+#include "live/dialogs_module/portal_file_chooser.h"
 
 #include <gio/gio.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "live/gtk_dialogs.h"
-
-#include <corvane/platform/api.h>
+// The live display's dialogs module: GTK's dialogs, and the desktop portal's file chooser where a
+// portal answers. GTK is set up when the first dialog is asked for; where it cannot open the
+// display, every dialog is cancelled.
 #include <gdk/gdkx.h>
 #include <gtk/gtk.h>
 #include <gtk/gtkunixprint.h>
@@ -9,8 +9,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "live/live_window_manager.h"
-#include "live/portal_file_chooser.h"
+#include "live/dialog_module.h"
+#include "live/dialogs_module/portal_file_chooser.h"
 
 namespace corvane {
 
@@ -49,15 +49,10 @@ void close(GtkWidget* dialog) {
 
 int32_t channel(double value) { return static_cast<int32_t>(std::lround(std::clamp(value, 0.0, 1.0) * 255)); }
 
-}  // namespace
 
-GtkDialogs::GtkDialogs(LiveWindowManager& windows) : m_windows(windows) {}
+bool gtkStarted() { return s_started; }
 
-GtkDialogs::~GtkDialogs() = default;
-
-bool GtkDialogs::gtkStarted() { return s_started; }
-
-bool GtkDialogs::startGtk() {
+bool startGtk() {
   if (!s_started) {
     s_started = true;
     // The program's locale stays as it is (numbers keep their point), and GTK shares the X
@@ -69,13 +64,7 @@ bool GtkDialogs::startGtk() {
   return s_usable;
 }
 
-unsigned long GtkDialogs::ownerWindow(HWND owner) const {
-  for (HWND parent = owner ? user().GetParent(owner) : 0; parent; parent = user().GetParent(owner))
-    owner = parent;
-  return owner ? m_windows.nativeWindow(owner) : 0;
-}
-
-int32_t GtkDialogs::ChooseColorA(CHOOSECOLOR& cc) {
+int32_t chooseColor(CHOOSECOLOR& cc, unsigned long owner) {
   if (!startGtk()) return 0;
   GtkWidget* dialog = gtk_color_chooser_dialog_new("Farbe", nullptr);
   GtkColorChooser* chooser = GTK_COLOR_CHOOSER(dialog);
@@ -87,7 +76,7 @@ int32_t GtkDialogs::ChooseColorA(CHOOSECOLOR& cc) {
     gtk_color_chooser_set_rgba(chooser, &start);
   }
   int32_t result = 0;
-  if (runModal(dialog, ownerWindow(cc.hwndOwner)) == GTK_RESPONSE_OK) {
+  if (runModal(dialog, owner) == GTK_RESPONSE_OK) {
     GdkRGBA chosen;
     gtk_color_chooser_get_rgba(chooser, &chosen);
     cc.rgbResult = RGB(channel(chosen.red), channel(chosen.green), channel(chosen.blue));
@@ -97,110 +86,82 @@ int32_t GtkDialogs::ChooseColorA(CHOOSECOLOR& cc) {
   return result;
 }
 
-int32_t GtkDialogs::fileDialog(OPENFILENAME& ofn, bool save) {
-  const std::string proposed = bufferText(ofn.lpstrFile);
-  PortalFileChooser::Request request{save ? PortalFileChooser::Save : PortalFileChooser::Open,
-                                     ofn.lpstrTitle,
-                                     parseDialogFilter(ofn.lpstrFilter),
-                                     ofn.nFilterIndex,
-                                     ofn.lpstrInitialDir,
-                                     proposed,
-                                     ownerWindow(ofn.hwndOwner)};
+// The portal's file chooser where a portal answers, GTK's otherwise.
+int32_t chooseFile(const FileDialogRequest& request, FileDialogAnswer& answer) {
+  const bool save = request.kind == FileDialogRequest::Save, folder = request.kind == FileDialogRequest::Folder;
+  PortalFileChooser::Request portal{folder ? PortalFileChooser::Folder
+                                    : save ? PortalFileChooser::Save
+                                           : PortalFileChooser::Open,
+                                    request.title,       request.filters,  request.filterIndex,
+                                    request.initialDir,  request.proposed, request.owner};
   std::string chosen;
-  const int32_t byPortal = PortalFileChooser::choose(request, chosen);
+  const int32_t byPortal = PortalFileChooser::choose(portal, chosen);
   if (byPortal >= 0) {
-    if (byPortal == 1) writeBuffer(ofn.lpstrFile, chosen);
+    if (byPortal == 1) answer.path = chosen;
+    answer.readOnly = request.readOnly;
     return byPortal;
   }
   if (!startGtk()) return 0;
-  const std::string title = !ofn.lpstrTitle.empty() ? ofn.lpstrTitle : save ? "Speichern unter" : "Öffnen";
-  GtkWidget* dialog = gtk_file_chooser_dialog_new(
-      title.c_str(), nullptr, save ? GTK_FILE_CHOOSER_ACTION_SAVE : GTK_FILE_CHOOSER_ACTION_OPEN,
-      "_Abbrechen", GTK_RESPONSE_CANCEL, save ? "_Speichern" : "_Öffnen", GTK_RESPONSE_ACCEPT, nullptr);
-  gtk_dialog_set_default_response(GTK_DIALOG(dialog), GTK_RESPONSE_ACCEPT);
-  GtkFileChooser* chooser = GTK_FILE_CHOOSER(dialog);
-  const auto filters = parseDialogFilter(ofn.lpstrFilter);
-  for (size_t i = 0; i < filters.size(); ++i) {
-    GtkFileFilter* filter = gtk_file_filter_new();
-    gtk_file_filter_set_name(filter, filters[i].name.c_str());
-    for (const auto& pattern : filters[i].patterns) gtk_file_filter_add_pattern(filter, pattern.c_str());
-    gtk_file_chooser_add_filter(chooser, filter);  // the chooser takes the filter
-    if (static_cast<int32_t>(i) + 1 == ofn.nFilterIndex) gtk_file_chooser_set_filter(chooser, filter);
-  }
-  if (!ofn.lpstrInitialDir.empty()) gtk_file_chooser_set_current_folder(chooser, ofn.lpstrInitialDir.c_str());
-  if (!proposed.empty()) {
-    if (proposed.front() == '/')
-      gtk_file_chooser_set_filename(chooser, proposed.c_str());
-    else if (save)
-      gtk_file_chooser_set_current_name(chooser, proposed.c_str());
-  }
-  if (!save) {
-    gtk_file_chooser_add_choice(chooser, "readonly", "Schreibgeschützt öffnen", nullptr, nullptr);
-    gtk_file_chooser_set_choice(chooser, "readonly", (ofn.Flags & OFN_READONLY) ? "true" : "false");
-  }
-  int32_t result = 0;
-  if (runModal(dialog, request.owner) == GTK_RESPONSE_ACCEPT) {
-    if (gchar* name = gtk_file_chooser_get_filename(chooser)) {
-      writeBuffer(ofn.lpstrFile, name);
-      g_free(name);
-      result = 1;
-    }
-    if (!save) {
-      const char* readOnly = gtk_file_chooser_get_choice(chooser, "readonly");
-      const bool on = readOnly && std::string(readOnly) == "true";
-      ofn.Flags = on ? (ofn.Flags | OFN_READONLY) : (ofn.Flags & ~OFN_READONLY);
-    }
-  }
-  close(dialog);
-  return result;
-}
-
-int32_t GtkDialogs::GetOpenFileNameA(OPENFILENAME& ofn) { return fileDialog(ofn, false); }
-int32_t GtkDialogs::GetSaveFileNameA(OPENFILENAME& ofn) { return fileDialog(ofn, true); }
-
-int32_t GtkDialogs::SHBrowseForFolderA(BROWSEINFO& bi) {
-  std::string chosen;
-  PortalFileChooser::Request request{PortalFileChooser::Folder, bi.lpszTitle, {}, 0, {}, {},
-                                     ownerWindow(bi.hOwner)};
-  int32_t result = PortalFileChooser::choose(request, chosen);
-  if (result < 0) {
-    if (!startGtk()) return 0;
-    GtkWidget* dialog = gtk_file_chooser_dialog_new(
-        "Ordner suchen", nullptr, GTK_FILE_CHOOSER_ACTION_SELECT_FOLDER, "_Abbrechen", GTK_RESPONSE_CANCEL,
-        "_Auswählen", GTK_RESPONSE_ACCEPT, nullptr);
-    if (!bi.lpszTitle.empty()) {
+  GtkWidget* dialog = nullptr;
+  if (folder) {
+    dialog = gtk_file_chooser_dialog_new("Ordner suchen", nullptr, GTK_FILE_CHOOSER_ACTION_SELECT_FOLDER,
+                                         "_Abbrechen", GTK_RESPONSE_CANCEL, "_Auswählen", GTK_RESPONSE_ACCEPT,
+                                         nullptr);
+    if (!request.title.empty()) {
       // The prompt stands above the folders.
-      GtkWidget* prompt = gtk_label_new(bi.lpszTitle.c_str());
+      GtkWidget* prompt = gtk_label_new(request.title.c_str());
       gtk_label_set_xalign(GTK_LABEL(prompt), 0);
       GtkWidget* area = gtk_dialog_get_content_area(GTK_DIALOG(dialog));
       gtk_box_pack_start(GTK_BOX(area), prompt, FALSE, FALSE, 6);
       gtk_box_reorder_child(GTK_BOX(area), prompt, 0);
       gtk_widget_show(prompt);
     }
-    result = 0;
-    if (runModal(dialog, request.owner) == GTK_RESPONSE_ACCEPT) {
-      if (gchar* name = gtk_file_chooser_get_filename(GTK_FILE_CHOOSER(dialog))) {
-        chosen = name;
-        g_free(name);
-        result = 1;
-      }
-    }
-    close(dialog);
+  } else {
+    const std::string title = !request.title.empty() ? request.title : save ? "Speichern unter" : "Öffnen";
+    dialog = gtk_file_chooser_dialog_new(
+        title.c_str(), nullptr, save ? GTK_FILE_CHOOSER_ACTION_SAVE : GTK_FILE_CHOOSER_ACTION_OPEN,
+        "_Abbrechen", GTK_RESPONSE_CANCEL, save ? "_Speichern" : "_Öffnen", GTK_RESPONSE_ACCEPT, nullptr);
+    gtk_dialog_set_default_response(GTK_DIALOG(dialog), GTK_RESPONSE_ACCEPT);
   }
-  if (result != 1) return 0;
-  const int32_t pidl = static_cast<int32_t>(m_itemLists.size()) + 1;
-  m_itemLists[pidl] = chosen;
-  return pidl;
+  GtkFileChooser* chooser = GTK_FILE_CHOOSER(dialog);
+  if (!folder) {
+    for (size_t i = 0; i < request.filters.size(); ++i) {
+      GtkFileFilter* filter = gtk_file_filter_new();
+      gtk_file_filter_set_name(filter, request.filters[i].name.c_str());
+      for (const auto& pattern : request.filters[i].patterns) gtk_file_filter_add_pattern(filter, pattern.c_str());
+      gtk_file_chooser_add_filter(chooser, filter);  // the chooser takes the filter
+      if (static_cast<int32_t>(i) + 1 == request.filterIndex) gtk_file_chooser_set_filter(chooser, filter);
+    }
+    if (!request.initialDir.empty()) gtk_file_chooser_set_current_folder(chooser, request.initialDir.c_str());
+    if (!request.proposed.empty()) {
+      if (request.proposed.front() == '/')
+        gtk_file_chooser_set_filename(chooser, request.proposed.c_str());
+      else if (save)
+        gtk_file_chooser_set_current_name(chooser, request.proposed.c_str());
+    }
+    if (!save) {
+      gtk_file_chooser_add_choice(chooser, "readonly", "Schreibgeschützt öffnen", nullptr, nullptr);
+      gtk_file_chooser_set_choice(chooser, "readonly", request.readOnly ? "true" : "false");
+    }
+  }
+  int32_t result = 0;
+  answer.readOnly = request.readOnly;
+  if (runModal(dialog, request.owner) == GTK_RESPONSE_ACCEPT) {
+    if (gchar* name = gtk_file_chooser_get_filename(chooser)) {
+      answer.path = name;
+      g_free(name);
+      result = 1;
+    }
+    if (!save && !folder) {
+      const char* readOnly = gtk_file_chooser_get_choice(chooser, "readonly");
+      answer.readOnly = readOnly && std::string(readOnly) == "true";
+    }
+  }
+  close(dialog);
+  return result;
 }
 
-bool GtkDialogs::SHGetPathFromIDListA(int32_t pidl, std::string& path) {
-  auto it = m_itemLists.find(pidl);
-  if (it == m_itemLists.end()) return false;
-  writeBuffer(path, it->second);
-  return true;
-}
-
-int32_t GtkDialogs::PrintDlgA(PRINTDLG& pd) {
+int32_t print(PRINTDLG& pd, unsigned long owner) {
   if (!startGtk()) return 0;
   GtkWidget* dialog = gtk_print_unix_dialog_new("Drucken", nullptr);
   GtkPrintUnixDialog* print = GTK_PRINT_UNIX_DIALOG(dialog);
@@ -217,7 +178,7 @@ int32_t GtkDialogs::PrintDlgA(PRINTDLG& pd) {
   gtk_print_unix_dialog_set_support_selection(print, (pd.Flags & PD_NOSELECTION) ? FALSE : TRUE);
   gtk_print_unix_dialog_set_has_selection(print, (pd.Flags & PD_NOSELECTION) ? FALSE : TRUE);
   int32_t result = 0;
-  if (runModal(dialog, ownerWindow(pd.hwndOwner)) == GTK_RESPONSE_OK) {
+  if (runModal(dialog, owner) == GTK_RESPONSE_OK) {
     GtkPrinter* printer = gtk_print_unix_dialog_get_selected_printer(print);
     GtkPrintSettings* chosen = gtk_print_unix_dialog_get_settings(print);
     int32_t flags = pd.Flags & ~(PD_SELECTION | PD_PAGENUMS | PD_COLLATE | PD_PRINTTOFILE);
@@ -240,8 +201,6 @@ int32_t GtkDialogs::PrintDlgA(PRINTDLG& pd) {
     pd.devMode.dmDeviceName = printer ? gtk_printer_get_name(printer) : "";
     pd.devMode.dmCopies = static_cast<int16_t>(std::clamp(gtk_print_settings_get_n_copies(chosen), 1, 32767));
     pd.devMode.dmColor = gtk_print_settings_get_use_color(chosen) ? DMCOLOR_COLOR : 1;
-    // The host's device context; it draws like any other and the host frees it.
-    if (pd.Flags & PD_RETURNDC) pd.hDC = gdi().CreateCompatibleDC(0);
     g_object_unref(chosen);
     result = 1;
   }
@@ -249,11 +208,10 @@ int32_t GtkDialogs::PrintDlgA(PRINTDLG& pd) {
   return result;
 }
 
-int32_t GtkDialogs::ChooseFontA(CHOOSEFONT& cf) {
+int32_t chooseFont(CHOOSEFONT& cf, const std::string& face, unsigned long owner) {
   if (!startGtk()) return 0;
   GtkWidget* dialog = gtk_font_chooser_dialog_new("Schriftart", nullptr);
   GtkFontChooser* chooser = GTK_FONT_CHOOSER(dialog);
-  const std::string face = bufferText(cf.lf.lfFaceName);
   if (!face.empty()) gtk_font_chooser_set_font(chooser, face.c_str());
   // The effects GTK's chooser lacks: underline, strike-out and colour, below the font.
   GtkWidget* underline = gtk_check_button_new_with_mnemonic("_Unterstrichen");
@@ -274,7 +232,7 @@ int32_t GtkDialogs::ChooseFontA(CHOOSEFONT& cf) {
     gtk_widget_show_all(row);
   }
   int32_t result = 0;
-  if (runModal(dialog, ownerWindow(cf.hwndOwner)) == GTK_RESPONSE_OK) {
+  if (runModal(dialog, owner) == GTK_RESPONSE_OK) {
     if (PangoFontDescription* font = gtk_font_chooser_get_font_desc(chooser)) {
       const char* family = pango_font_description_get_family(font);
       cf.lf = LOGFONT{};
@@ -304,4 +262,11 @@ int32_t GtkDialogs::ChooseFontA(CHOOSEFONT& cf) {
   return result;
 }
 
+const DialogModule kFunctions{DialogModule::kVersion, gtkStarted, chooseColor, chooseFile, print, chooseFont};
+
+}  // namespace
 }  // namespace corvane
+
+extern "C" __attribute__((visibility("default"))) const corvane::DialogModule* corvane_dialog_module() {
+  return &corvane::kFunctions;
+}
