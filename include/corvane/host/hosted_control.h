@@ -91,7 +91,8 @@ class CORVANE_API HostedControl : public Object {
   // none. The border takes room from the client area, so a change resizes the control's inside.
   // Switching the appearance also switches a back colour that is the old look's system colour
   // (window background for flat, button face for 3-D) to the new one's, as a form designer does;
-  // any other back colour stays. Values other than 0 and 1 are error 380.
+  // any other back colour stays. Values other than 0 and 1 are error 380. Controls with a drawn
+  // border property of the same name (VexPane, VexFrame) hide these; theirs is painted inside.
   int16_t Appearance() const { return m_appearance; }
   void setAppearance(int16_t value);
   int16_t BorderStyle() const { return m_borderStyle; }
