@@ -878,9 +878,14 @@ void WindowManager::composeWindow(const DesktopWindow& w, Canvas& screen, int32_
   }
   const int32_t cx0 = x0 + border, cy0 = y0 + border;
   const RECT client = intersect(vis, RECT{cx0, cy0, cx0 + src.width(), cy0 + src.height()});
+  const bool plain = a >= 256 && !w.region;  // the common case: a straight copy of each row
   for (int32_t y = client.Top; y < client.Bottom; ++y) {
     const uint32_t* s = src.row(y - cy0);
     uint32_t* d = screen.row(y);
+    if (plain) {
+      for (int32_t x = client.Left; x < client.Right; ++x) d[x] = s[x - cx0] | 0xFF000000u;
+      continue;
+    }
     for (int32_t x = client.Left; x < client.Right; ++x)
       if (regionContains(w, x - x0, y - y0)) put(d, x, s[x - cx0]);
   }
