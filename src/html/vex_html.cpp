@@ -394,7 +394,8 @@ void VexHTML::Show() {
 void VexHTML::ReadProperties(PropertyBag& bag) {
   // Values come back without their side effects; only the panes are set up as EnableScroll does.
   guarded([&] { m_FreezeUpdates = bag.ReadProperty("FreezeUpdates", false).toBool(); });
-  // Restored onto the host, whose border may resize the view's inside.
+  // These two go back onto the host (no refresh here); a border that changes the view's inner
+  // size brings the host's resize hook.
   guarded([&] { HostedControl::setAppearance(bag.ReadProperty("Appearance", int16_t(0)).toInteger()); });
   guarded([&] { HostedControl::setBorderStyle(bag.ReadProperty("BorderStyle", int16_t(0)).toInteger()); });
   guarded([&] { m_Gradient = bag.ReadProperty("Gradient", false).toBool(); });
