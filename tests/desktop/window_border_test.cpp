@@ -255,5 +255,42 @@ TEST_F(WindowBorderTest, AWindowSmallerThanItsBorderHasNoClientArea) {
   (void)desktop().screen();
 }
 
+TEST_F(WindowBorderTest, TheScreenFollowsABorderThatComesAfterItWasComposed) {
+  HWND top = makeWindow(0, 0, 100, 100);
+  HWND tiny = makeWindow(10, 10, 2, 2, top);
+  wm().windowCanvas(top)->fill(0xFF0000);
+  wm().windowCanvas(tiny)->fill(0x00FF00);
+  ASSERT_EQ(screenPixel(10, 10), 0x00FF00u);
+  desktop().gdi().SetSysColor(syscolor::WINDOWFRAME, 0x0000C0);
+  // The client area was 2 by 2 and is now none: only the border shows.
+  wm().SetWindowLongA(tiny, GWL_STYLE, wm().GetWindowLongA(tiny, GWL_STYLE) | WS_BORDER);
+  EXPECT_EQ(screenPixel(10, 10), 0x0000C0u);
+  EXPECT_EQ(screenPixel(11, 11), 0x0000C0u);
+}
+
+TEST_F(WindowBorderTest, TheScreenFollowsAStyleChangeThatLeavesTheClientAreaAsItWas) {
+  HWND top = makeWindow(0, 0, 100, 100);
+  HWND dot = makeWindow(10, 10, 1, 1, top, 0, WS_EX_CLIENTEDGE);  // no client area, before and after
+  wm().windowCanvas(top)->fill(0xFF0000);
+  ASSERT_EQ(screenPixel(10, 10), sys(syscolor::BTNHIGHLIGHT)) << "one pixel: bottom and right come last";
+  desktop().gdi().SetSysColor(syscolor::WINDOWFRAME, 0x0000C0);
+  wm().SetWindowLongA(dot, GWL_STYLE, wm().GetWindowLongA(dot, GWL_STYLE) | WS_BORDER);
+  EXPECT_EQ(screenPixel(10, 10), 0x0000C0u) << "the single line is the outer ring now";
+}
+
+TEST_F(WindowBorderTest, ATopLevelWindowsOwnImageShowsItsChildrensBorders) {
+  HWND top = makeWindow(50, 50, 40, 40);
+  HWND child = makeWindow(5, 5, 20, 20, top, 0, WS_EX_CLIENTEDGE);
+  wm().windowCanvas(top)->fill(0xFF0000);
+  wm().windowCanvas(child)->fill(0x00FF00);
+  Canvas image(1, 1);
+  ASSERT_TRUE(wm().composeTopLevel(top, image));
+  EXPECT_EQ(image.pixel(5, 5), sys(syscolor::BTNSHADOW));
+  EXPECT_EQ(image.pixel(6, 6), sys(syscolor::DKSHADOW3D));
+  EXPECT_EQ(image.pixel(24, 24), sys(syscolor::BTNHIGHLIGHT));
+  EXPECT_EQ(image.pixel(7, 7), 0x00FF00u);
+  EXPECT_EQ(image.pixel(4, 4), 0xFF0000u);
+}
+
 }  // namespace
 }  // namespace corvane
