@@ -69,6 +69,7 @@ Desktop::Desktop(Options options)
   m_windows->setScreenCanvas([this] { return &screenCanvas(); });
   m_windows->setRegionSource([this](HRGN r) { return m_gdi->regionRects(r); },
                              [this](HRGN r) { m_gdi->DeleteObject(r); });
+  m_windows->setSystemColours([this](int32_t index) { return m_gdi->GetSysColor(index); });
   setTwipsPerPixel(options.twipsPerPixelX, options.twipsPerPixelY);
   m_registry->useFile(options.registryFile);
   m_dialogs = options.makeDialogs ? options.makeDialogs(*m_windows) : std::make_unique<ScriptedDialogs>();

@@ -10,6 +10,8 @@ void ScreenComposer::addLayout(HWND hWnd, std::vector<int64_t>& out) const {
   if (!w) return;
   out.insert(out.end(), {hWnd, w->visible, w->rect.Left, w->rect.Top, w->canvas->width(), w->canvas->height(),
                          w->exStyle, w->alpha, w->region ? static_cast<int64_t>(w->region->size()) : -1});
+  // The outer size and the border styles: a child's border lies outside its image.
+  out.insert(out.end(), {w->rect.Right - w->rect.Left, w->rect.Bottom - w->rect.Top, w->style & WS_BORDER});
   if (w->region)
     for (const RECT& r : *w->region) out.insert(out.end(), {r.Left, r.Top, r.Right, r.Bottom});
   out.push_back(static_cast<int64_t>(w->children.size()));
@@ -48,7 +50,7 @@ void ScreenComposer::update(Canvas& screen, COLORREF desktopColour) {
       const DesktopWindow* w = m_windows.window(tops[i]);
       if (!flushed) screen.flush();
       flushed = true;
-      RECT r{w->rect.Left, w->rect.Top, w->rect.Left + w->canvas->width(), w->rect.Top + w->canvas->height()};
+      const RECT r = w->rect;
       screen.fillRect(r.Left, r.Top, r.Right, r.Bottom, desktopColour);
       m_windows.composeArea(screen, 0, 0, r);
     }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/window_manager.h"
 
+#include "desktop/sys_colors.h"
+#include "desktop/window_frame.h"
 #include <corvane/runtime/error_handler.h>
 
 #include <unistd.h>
@@ -77,9 +79,13 @@ HWND WindowManager::CreateWindowExA(int32_t exStyle, const std::string& classNam
   w->classStyle = CS_DBLCLKS;
   width = std::clamp(width, 0, kMaxWindowSide);
   height = std::clamp(height, 0, kMaxWindowSide);
-  w->canvas = std::make_unique<Canvas>(width, height, w->background);
+  const int32_t border = borderOf(*w);
+  const int32_t clientWidth = std::max(width - 2 * border, 0);
+  const int32_t clientHeight = std::max(height - 2 * border, 0);
+  w->canvas = std::make_unique<Canvas>(clientWidth, clientHeight, w->background);
   // A window whose image could not be made has no area.
-  w->rect = RECT{x, y, x + w->canvas->width(), y + w->canvas->height()};
+  if (w->canvas->width() != clientWidth || w->canvas->height() != clientHeight) width = height = 0;
+  w->rect = RECT{x, y, x + width, y + height};
   w->visible = (style & WS_VISIBLE) != 0;
   w->enabled = (style & WS_DISABLED) == 0;
   w->proc = m_procs.count(proc) ? proc : 0;
@@ -170,7 +176,9 @@ void WindowManager::resizeTo(DesktopWindow& w, int32_t x, int32_t y, int32_t wid
   width = std::clamp(width, 0, kMaxWindowSide);
   height = std::clamp(height, 0, kMaxWindowSide);
   bool sized = width != w.rect.Right - w.rect.Left || height != w.rect.Bottom - w.rect.Top;
-  if (sized && !w.canvas->resize(width, height, w.background)) {
+  const int32_t border = borderOf(w);
+  if (sized &&
+      !w.canvas->resize(std::max(width - 2 * border, 0), std::max(height - 2 * border, 0), w.background)) {
     sized = false;
     width = w.rect.Right - w.rect.Left;
     height = w.rect.Bottom - w.rect.Top;
@@ -180,7 +188,7 @@ void WindowManager::resizeTo(DesktopWindow& w, int32_t x, int32_t y, int32_t wid
   HWND h = w.hwnd;
   if (sized) {
     w.needsPaint = true;
-    SendMessageA(h, wm::SIZE, 0, makePointParam(width, height));
+    SendMessageA(h, wm::SIZE, 0, makePointParam(w.canvas->width(), w.canvas->height()));
   }
   if (moved && find(h)) SendMessageA(h, wm::MOVE, 0, makePointParam(x, y));
 }
@@ -233,10 +241,31 @@ bool WindowManager::SetWindowPos(HWND hWnd, HWND after, int32_t x, int32_t y, in
 POINTAPI WindowManager::screenOrigin(const DesktopWindow& w) const {
   POINTAPI p{w.rect.Left, w.rect.Top};
   for (const DesktopWindow* q = w.parent ? window(w.parent) : nullptr; q; q = q->parent ? window(q->parent) : nullptr) {
-    p.x += q->rect.Left;
-    p.y += q->rect.Top;
+    const int32_t border = borderOf(*q);
+    p.x += q->rect.Left + border;
+    p.y += q->rect.Top + border;
   }
   return p;
+}
+
+int32_t WindowManager::borderOf(const DesktopWindow& w) const {
+  return w.parent ? WindowFrame::inset(w.style, w.exStyle) : 0;
+}
+
+POINTAPI WindowManager::clientOrigin(const DesktopWindow& w) const {
+  POINTAPI p = screenOrigin(w);
+  const int32_t border = borderOf(w);
+  return POINTAPI{p.x + border, p.y + border};
+}
+
+void WindowManager::frameChanged(DesktopWindow& w) {
+  const int32_t border = borderOf(w);
+  const int32_t width = std::max(w.rect.Right - w.rect.Left - 2 * border, 0);
+  const int32_t height = std::max(w.rect.Bottom - w.rect.Top - 2 * border, 0);
+  if (width == w.canvas->width() && height == w.canvas->height()) return;
+  if (!w.canvas->resize(width, height, w.background)) return;  // no memory: the old client image stays
+  w.needsPaint = true;
+  SendMessageA(w.hwnd, wm::SIZE, 0, makePointParam(width, height));
 }
 
 bool WindowManager::GetWindowRect(HWND hWnd, RECT& rect) {
@@ -250,7 +279,7 @@ bool WindowManager::GetWindowRect(HWND hWnd, RECT& rect) {
 bool WindowManager::GetClientRect(HWND hWnd, RECT& rect) {
   DesktopWindow* w = find(hWnd);
   if (!w) return false;
-  rect = RECT{0, 0, w->rect.Right - w->rect.Left, w->rect.Bottom - w->rect.Top};
+  rect = RECT{0, 0, w->canvas->width(), w->canvas->height()};
   return true;
 }
 
@@ -268,6 +297,7 @@ HWND WindowManager::SetParent(HWND hWnd, HWND parent) {
   w->parent = parent;
   if (parent) w->style |= WS_CHILD; else w->style &= ~WS_CHILD;
   raise(*w);
+  frameChanged(*w);  // a border belongs to child windows only
   return old ? old : -3;  // the desktop window stands for "no parent" as a non-zero result
 }
 
@@ -302,11 +332,13 @@ int32_t WindowManager::SetWindowLongA(HWND hWnd, int32_t index, int32_t value) {
       w->style = value & ~(WS_VISIBLE | WS_DISABLED);
       w->visible = (value & WS_VISIBLE) != 0;
       w->enabled = (value & WS_DISABLED) == 0;
+      frameChanged(*w);
       return old;
     case GWL_EXSTYLE:
       // Taking the layered style away makes the window opaque again.
       if ((old & WS_EX_LAYERED) && !(value & WS_EX_LAYERED)) w->alpha = 255;
       w->exStyle = value;
+      frameChanged(*w);
       return old;
     default:
       return 0;
@@ -491,9 +523,25 @@ HWND WindowManager::childFromPoint(const DesktopWindow& w, int32_t x, int32_t y)
     int32_t cx = x - c.rect.Left, cy = y - c.rect.Top;
     if (!regionContains(c, cx, cy)) continue;
     if (!c.enabled) return w.hwnd;
-    return childFromPoint(c, cx, cy);
+    return hitInWindow(c, cx, cy);
   }
   return w.hwnd;
+}
+
+HWND WindowManager::hitInWindow(const DesktopWindow& w, int32_t x, int32_t y) const {
+  const int32_t border = borderOf(w);
+  if (x < border || y < border || x >= border + w.canvas->width() || y >= border + w.canvas->height())
+    return w.hwnd;  // on the border
+  return childFromPoint(w, x - border, y - border);
+}
+
+HWND WindowManager::mouseTarget(int32_t x, int32_t y) {
+  if (m_capture) return m_capture;
+  HWND over = WindowFromPoint(x, y);
+  const DesktopWindow* w = find(over);
+  if (!w) return 0;
+  POINTAPI p = clientOrigin(*w);
+  return inside(RECT{0, 0, w->canvas->width(), w->canvas->height()}, x - p.x, y - p.y) ? over : 0;
 }
 
 HWND WindowManager::WindowFromPoint(int32_t x, int32_t y) {
@@ -501,7 +549,7 @@ HWND WindowManager::WindowFromPoint(int32_t x, int32_t y) {
     const DesktopWindow& w = *find(*it);
     if (!w.visible || !inside(w.rect, x, y)) continue;
     if (!regionContains(w, x - w.rect.Left, y - w.rect.Top)) continue;
-    return childFromPoint(w, x - w.rect.Left, y - w.rect.Top);
+    return hitInWindow(w, x - w.rect.Left, y - w.rect.Top);
   }
   return 0;
 }
@@ -509,7 +557,7 @@ HWND WindowManager::WindowFromPoint(int32_t x, int32_t y) {
 bool WindowManager::ScreenToClient(HWND hWnd, POINTAPI& point) {
   DesktopWindow* w = find(hWnd);
   if (!w) return false;
-  POINTAPI o = screenOrigin(*w);
+  POINTAPI o = clientOrigin(*w);
   point.x -= o.x;
   point.y -= o.y;
   return true;
@@ -518,7 +566,7 @@ bool WindowManager::ScreenToClient(HWND hWnd, POINTAPI& point) {
 bool WindowManager::ClientToScreen(HWND hWnd, POINTAPI& point) {
   DesktopWindow* w = find(hWnd);
   if (!w) return false;
-  POINTAPI o = screenOrigin(*w);
+  POINTAPI o = clientOrigin(*w);
   point.x += o.x;
   point.y += o.y;
   return true;
@@ -556,7 +604,7 @@ int16_t WindowManager::GetAsyncKeyState(int32_t key) {
 
 bool WindowManager::TrackMouseEvent(TRACKMOUSEEVENT& request) {
   if (!(request.dwFlags & TME_LEAVE) || !find(request.hwndTrack)) return false;
-  HWND over = m_capture ? m_capture : WindowFromPoint(m_cursor.x, m_cursor.y);
+  HWND over = mouseTarget(m_cursor.x, m_cursor.y);
   if (over != request.hwndTrack) {
     // The cursor is not over the window already: the leave notice comes at once.
     PostMessageA(request.hwndTrack, wm::MOUSELEAVE, 0, 0);
@@ -624,7 +672,7 @@ void WindowManager::mouseMove(int32_t x, int32_t y) {
     y = std::clamp(y, m_cursorClip->Top, m_cursorClip->Bottom - 1);
   }
   m_cursor = POINTAPI{x, y};
-  HWND over = m_capture ? m_capture : WindowFromPoint(x, y);
+  HWND over = mouseTarget(x, y);
   checkMouseLeave(over);
   DoEvents();  // the leave notice comes before the move reaches the new window
   deliverMouse(wm::MOUSEMOVE, over);
@@ -634,7 +682,7 @@ void WindowManager::mouseMove(int32_t x, int32_t y) {
 void WindowManager::mouseDown(int32_t button) {
   m_buttons |= button;
   m_pressedSinceAsked |= button;
-  HWND over = m_capture ? m_capture : WindowFromPoint(m_cursor.x, m_cursor.y);
+  HWND over = mouseTarget(m_cursor.x, m_cursor.y);
   int32_t down = button == 1 ? wm::LBUTTONDOWN : button == 2 ? wm::RBUTTONDOWN : wm::MBUTTONDOWN;
   int64_t now = m_clock.now();
   DesktopWindow* w = find(over);
@@ -654,7 +702,7 @@ void WindowManager::mouseDown(int32_t button) {
 
 void WindowManager::mouseUp(int32_t button) {
   m_buttons &= ~button;
-  HWND over = m_capture ? m_capture : WindowFromPoint(m_cursor.x, m_cursor.y);
+  HWND over = mouseTarget(m_cursor.x, m_cursor.y);
   deliverMouse(button == 1 ? wm::LBUTTONUP : button == 2 ? wm::RBUTTONUP : wm::MBUTTONUP, over);
   DoEvents();
 }
@@ -791,7 +839,7 @@ void WindowManager::composeWindow(const DesktopWindow& w, Canvas& screen, int32_
                                   double alpha) {
   if (!w.visible) return;
   int32_t x0 = ox + w.rect.Left, y0 = oy + w.rect.Top;
-  RECT own{x0, y0, x0 + w.canvas->width(), y0 + w.canvas->height()};
+  RECT own{x0, y0, ox + w.rect.Right, oy + w.rect.Bottom};
   RECT vis = intersect(own, clip);
   if (vis.Right <= vis.Left || vis.Bottom <= vis.Top) return;
   ++m_windowsComposed;
@@ -799,32 +847,57 @@ void WindowManager::composeWindow(const DesktopWindow& w, Canvas& screen, int32_
   const Canvas& src = *w.canvas;
   const_cast<Canvas&>(src).flush();
   uint32_t a = static_cast<uint32_t>(std::lround(alpha * 256));
-  for (int32_t y = vis.Top; y < vis.Bottom; ++y) {
-    const uint32_t* s = src.row(y - y0);
-    uint32_t* d = screen.row(y);
-    for (int32_t x = vis.Left; x < vis.Right; ++x) {
-      if (!regionContains(w, x - x0, y - y0)) continue;
-      uint32_t p = s[x - x0];
-      if (a >= 256) {
-        d[x] = p | 0xFF000000u;
-      } else {
-        uint32_t q = d[x], r = 0xFF000000u;
-        for (int sh = 0; sh < 24; sh += 8) {
-          uint32_t cs = (p >> sh) & 255, cd = (q >> sh) & 255;
-          r |= ((cs * a + cd * (256 - a)) >> 8) << sh;
-        }
-        d[x] = r;
+  auto put = [&](uint32_t* d, int32_t x, uint32_t p) {
+    if (a >= 256) {
+      d[x] = p | 0xFF000000u;
+      return;
+    }
+    uint32_t q = d[x], r = 0xFF000000u;
+    for (int sh = 0; sh < 24; sh += 8) {
+      uint32_t cs = (p >> sh) & 255, cd = (q >> sh) & 255;
+      r |= ((cs * a + cd * (256 - a)) >> 8) << sh;
+    }
+    d[x] = r;
+  };
+  // The border first (the non-client paint), then the client image inside it.
+  const int32_t border = borderOf(w);
+  if (border > 0) {
+    static const SysColors scheme;
+    auto colour = [&](int32_t index) { return m_sysColour ? m_sysColour(index) : scheme.get(index); };
+    for (const WindowFrame::Piece& piece :
+         WindowFrame::pieces(w.style, w.exStyle, own.Right - own.Left, own.Bottom - own.Top, colour)) {
+      RECT r = intersect(vis, RECT{x0 + piece.rect.Left, y0 + piece.rect.Top, x0 + piece.rect.Right,
+                                   y0 + piece.rect.Bottom});
+      const uint32_t p = Canvas::toArgb(piece.colour);
+      for (int32_t y = r.Top; y < r.Bottom; ++y) {
+        uint32_t* d = screen.row(y);
+        for (int32_t x = r.Left; x < r.Right; ++x)
+          if (regionContains(w, x - x0, y - y0)) put(d, x, p);
       }
     }
   }
+  const int32_t cx0 = x0 + border, cy0 = y0 + border;
+  const RECT client = intersect(vis, RECT{cx0, cy0, cx0 + src.width(), cy0 + src.height()});
+  const bool plain = a >= 256 && !w.region;  // the common case: a straight copy of each row
+  for (int32_t y = client.Top; y < client.Bottom; ++y) {
+    const uint32_t* s = src.row(y - cy0);
+    uint32_t* d = screen.row(y);
+    if (plain) {
+      for (int32_t x = client.Left; x < client.Right; ++x) d[x] = s[x - cx0] | 0xFF000000u;
+      continue;
+    }
+    for (int32_t x = client.Left; x < client.Right; ++x)
+      if (regionContains(w, x - x0, y - y0)) put(d, x, s[x - cx0]);
+  }
   for (HWND c : w.children) {
     const DesktopWindow& child = *window(c);
-    // A child is cut to its parent, and to the parent's region.
+    // A child is cut to its parent's client area, and to the parent's region.
     if (!w.region) {
-      composeWindow(child, screen, x0, y0, vis, alpha);
+      composeWindow(child, screen, cx0, cy0, client, alpha);
     } else {
       for (const RECT& r : *w.region)
-        composeWindow(child, screen, x0, y0, intersect(vis, RECT{x0 + r.Left, y0 + r.Top, x0 + r.Right, y0 + r.Bottom}), alpha);
+        composeWindow(child, screen, cx0, cy0,
+                      intersect(client, RECT{x0 + r.Left, y0 + r.Top, x0 + r.Right, y0 + r.Bottom}), alpha);
     }
   }
 }

@@ -17,7 +17,9 @@
 
 namespace corvane {
 
-// One window of the desktop. Windows have no non-client area: the client rectangle is the window.
+// One window of the desktop. A child window's styles may give it a border (WS_BORDER,
+// WS_EX_CLIENTEDGE) that takes room from its client area; a top-level window has no non-client area
+// here, since a live display's window manager puts its own frame round it.
 struct DesktopWindow {
   HWND hwnd = 0;
   HWND parent = 0;
@@ -26,11 +28,11 @@ struct DesktopWindow {
   int32_t style = 0;
   int32_t exStyle = 0;
   int32_t classStyle = 0;
-  RECT rect;  // in the parent's client coordinates; screen coordinates for a top-level window
+  RECT rect;  // the outer rectangle, in the parent's client coordinates; screen ones for a top level
   bool visible = false;
   bool enabled = true;
   COLORREF background = 0xFFFFFF;
-  std::unique_ptr<Canvas> canvas;
+  std::unique_ptr<Canvas> canvas;  // the client area: the window less its border
   std::vector<HWND> children;  // bottom to top
   std::map<std::string, int32_t> props;
   WNDPROC proc = 0;
@@ -51,6 +53,8 @@ class WindowManager : public UserApi, public WindowImages {
 
   // The drawing side hands regions over by handle (rectangles) and frees them.
   void setRegionSource(std::function<std::vector<RECT>(HRGN)> rects, std::function<void(HRGN)> release);
+  // The drawing side's system colours, for the borders of child windows.
+  void setSystemColours(std::function<COLORREF(int32_t)> colour) { m_sysColour = std::move(colour); }
 
   // UserApi.
   HWND CreateWindowExA(int32_t exStyle, const std::string& className, const std::string& title, int32_t style,
@@ -191,6 +195,16 @@ class WindowManager : public UserApi, public WindowImages {
   bool regionContains(const DesktopWindow& w, int32_t x, int32_t y) const;
   HWND childFromPoint(const DesktopWindow& w, int32_t x, int32_t y) const;
   POINTAPI screenOrigin(const DesktopWindow& w) const;
+  // The border of a window and where its client area starts on the screen.
+  int32_t borderOf(const DesktopWindow& w) const;
+  POINTAPI clientOrigin(const DesktopWindow& w) const;
+  // The window under a point in w's window coordinates: a child in w's client area, else w.
+  HWND hitInWindow(const DesktopWindow& w, int32_t x, int32_t y) const;
+  // The window that gets client mouse messages at a screen point: the capture, or the window
+  // under the point when the point is in its client area (its border gets none).
+  HWND mouseTarget(int32_t x, int32_t y);
+  // The styles changed the border: the client area follows the outer size.
+  void frameChanged(DesktopWindow& w);
   void deliverMouse(int32_t msg, HWND target);
   // Sends one message on behalf of the message loop: an error raised while it is handled goes to
   // the application's error handler instead of ending the loop.
@@ -225,6 +239,7 @@ class WindowManager : public UserApi, public WindowImages {
   } m_lastClick;
   std::function<std::vector<RECT>(HRGN)> m_regionRects;
   std::function<void(HRGN)> m_regionRelease;
+  std::function<COLORREF(int32_t)> m_sysColour;
   uint64_t m_drawCount = 0;
   uint64_t m_windowsComposed = 0;
   std::function<Canvas*()> m_screen;

@@ -41,9 +41,12 @@ void HostedControl::site(ControlSite site, HWND parent, int32_t x, int32_t y, in
   m_site = std::move(site);
   m_proc = user().RegisterWindowProc(
       [this](HWND h, int32_t m, WPARAM w, LPARAM l) { return windowProc(h, m, w, l); });
+  DesignForm d = designForm();
+  m_appearance = d.appearance == 0 ? 0 : 1;
+  m_borderStyle = d.borderStyle == 1 ? 1 : 0;
   HWND hwnd = user().CreateWindowExA(0, typeName(), m_site.name, WS_CHILD, x, y, width, height, parent, m_proc);
   m_surface = std::make_unique<Surface>(hwnd);
-  DesignForm d = designForm();
+  applyBorder();
   m_surface->setScaleMode(d.scaleMode);
   m_surface->setBackColor(d.backColor);
   m_surface->Resize.connect([this] { onResizeEvent(); });
@@ -93,8 +96,51 @@ ObjectRef HostedControl::containerObject() const {
   throw RuntimeError(398, "Client site not available");
 }
 
+namespace {
+constexpr OLE_COLOR kFlatBack = static_cast<OLE_COLOR>(0x80000005), kThreeDBack = static_cast<OLE_COLOR>(0x8000000F);
+
+int16_t checkedBinary(int16_t value) {
+  if (value != 0 && value != 1) throw RuntimeError(err::InvalidPropertyValue);
+  return value;
+}
+}  // namespace
+
+void HostedControl::setAppearance(int16_t value) {
+  checkedBinary(value);
+  const int16_t old = m_appearance;
+  m_appearance = value;
+  if (m_surface && old != value) {
+    const OLE_COLOR oldBack = old == 0 ? kFlatBack : kThreeDBack;
+    if (m_surface->BackColor() == oldBack) m_surface->setBackColor(value == 0 ? kFlatBack : kThreeDBack);
+  }
+  applyBorder();
+}
+
+void HostedControl::setBorderStyle(int16_t value) {
+  m_borderStyle = checkedBinary(value);
+  applyBorder();
+}
+
+// Writes the border into the window's styles. When both styles change, the first change only
+// passes through: the control hears of one resize, to the final inner size.
+void HostedControl::applyBorder() {
+  if (!m_surface) return;
+  const HWND h = m_surface->hWnd();
+  const int32_t style = user().GetWindowLongA(h, GWL_STYLE), exStyle = user().GetWindowLongA(h, GWL_EXSTYLE);
+  int32_t newStyle = style & ~WS_BORDER, newExStyle = exStyle & ~WS_EX_CLIENTEDGE;
+  if (m_borderStyle == 1) {
+    if (m_appearance == 1) newExStyle |= WS_EX_CLIENTEDGE;
+    else newStyle |= WS_BORDER;
+  }
+  m_quietResize = newStyle != style && newExStyle != exStyle;
+  if (newStyle != style) user().SetWindowLongA(h, GWL_STYLE, newStyle);
+  m_quietResize = false;
+  if (newExStyle != exStyle) user().SetWindowLongA(h, GWL_EXSTYLE, newExStyle);
+}
+
 LRESULT HostedControl::windowProc(HWND hWnd, int32_t msg, WPARAM wParam, LPARAM lParam) {
   auto keepAlive = weak_from_this().lock();  // a handler may unload the form that holds the control
+  if (msg == wm::SIZE && m_quietResize) return user().DefWindowProcA(hWnd, msg, wParam, lParam);
   if (m_surface) {
     Surface* s = m_surface.get();
     bool outermost = surfacesInUse().emplace(s, nullptr).second;

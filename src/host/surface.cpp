@@ -70,8 +70,17 @@ void Surface::setFont(FontRef f) {
   m_font = std::move(f);
 }
 
-float Surface::Width() const { return static_cast<float>(pixelWidth()) * Screen::instance().TwipsPerPixelX(); }
-float Surface::Height() const { return static_cast<float>(pixelHeight()) * Screen::instance().TwipsPerPixelY(); }
+// The outer size: a window's border lies outside its client area.
+float Surface::Width() const {
+  RECT r;
+  user().GetWindowRect(m_hWnd, r);
+  return static_cast<float>(r.Right - r.Left) * Screen::instance().TwipsPerPixelX();
+}
+float Surface::Height() const {
+  RECT r;
+  user().GetWindowRect(m_hWnd, r);
+  return static_cast<float>(r.Bottom - r.Top) * Screen::instance().TwipsPerPixelY();
+}
 
 int32_t Surface::pixelWidth() const {
   RECT r;

@@ -255,16 +255,23 @@ void VexHTML::setBackColor2(OLE_COLOR value) {
   if (m_Gradient) Refresh(false);
 }
 
+DesignForm VexHTML::designForm() const {
+  DesignForm d;
+  d.appearance = 0;
+  return d;
+}
+
+// The host's appearance may switch its back colour; the view keeps the one it had.
 void VexHTML::setAppearance(int16_t value) {
-  const OLE_COLOR back = m_Document.view.BackColor;
-  m_Appearance = value;
-  m_Document.view.BackColor = back;
+  const OLE_COLOR back = surface().BackColor();
+  HostedControl::setAppearance(value);
+  surface().setBackColor(back);
   PropertyChanged("Appearance");
   Refresh(false);
 }
 
 void VexHTML::setBorderStyle(int16_t value) {
-  m_BorderStyle = value;
+  HostedControl::setBorderStyle(value);
   PropertyChanged("BorderStyle");
   Refresh(false);
 }
@@ -387,8 +394,10 @@ void VexHTML::Show() {
 void VexHTML::ReadProperties(PropertyBag& bag) {
   // Values come back without their side effects; only the panes are set up as EnableScroll does.
   guarded([&] { m_FreezeUpdates = bag.ReadProperty("FreezeUpdates", false).toBool(); });
-  guarded([&] { m_Appearance = bag.ReadProperty("Appearance", int16_t(0)).toInteger(); });
-  guarded([&] { m_BorderStyle = bag.ReadProperty("BorderStyle", int16_t(0)).toInteger(); });
+  // These two go back onto the host (no refresh here); a border that changes the view's inner
+  // size brings the host's resize hook.
+  guarded([&] { HostedControl::setAppearance(bag.ReadProperty("Appearance", int16_t(0)).toInteger()); });
+  guarded([&] { HostedControl::setBorderStyle(bag.ReadProperty("BorderStyle", int16_t(0)).toInteger()); });
   guarded([&] { m_Gradient = bag.ReadProperty("Gradient", false).toBool(); });
   guarded([&] { m_GradientAngle = bag.ReadProperty("GradientAngle", 270.0f).toSingle(); });
   guarded([&] { m_BackColor2 = bag.ReadProperty("BackColor2", int32_t(255)).toLong(); });
@@ -430,8 +439,8 @@ void VexHTML::ReadProperties(PropertyBag& bag) {
 
 void VexHTML::WriteProperties(PropertyBag& bag) {
   guarded([&] { bag.WriteProperty("FreezeUpdates", m_FreezeUpdates, false); });
-  guarded([&] { bag.WriteProperty("Appearance", m_Appearance, int16_t(0)); });
-  guarded([&] { bag.WriteProperty("BorderStyle", m_BorderStyle, int16_t(0)); });
+  guarded([&] { bag.WriteProperty("Appearance", Appearance(), int16_t(0)); });
+  guarded([&] { bag.WriteProperty("BorderStyle", BorderStyle(), int16_t(0)); });
   guarded([&] { bag.WriteProperty("Gradient", m_Gradient, false); });
   guarded([&] { bag.WriteProperty("GradientAngle", m_GradientAngle, 270.0f); });
   guarded([&] { bag.WriteProperty("BackColor2", static_cast<int32_t>(m_BackColor2), int32_t(255)); });

@@ -37,12 +37,14 @@ class CORVANE_API Ambient {
   const HostedControl& m_control;
 };
 
-// Size, scale and back colour that a freshly dropped control gets.
+// Size, scale, back colour and border that a freshly dropped control gets.
 struct CORVANE_API DesignForm {
   float width = 1200;  // twips
   float height = 495;  // twips
   int16_t scaleMode = Surface::Twips;
   OLE_COLOR backColor = static_cast<OLE_COLOR>(0x8000000F);
+  int16_t appearance = 1;   // HostedControl::Appearance
+  int16_t borderStyle = 0;  // HostedControl::BorderStyle
 };
 
 // Anything a form can hold: it has a window with a surface, lifecycle hooks the host calls in
@@ -84,6 +86,18 @@ class CORVANE_API HostedControl : public Object {
   // control that contains this one.
   ObjectRef containerObject() const;
 
+  // The host's border round the control's window: BorderStyle 1 (fixed single) with Appearance 1
+  // (3-D) is the sunken client edge, with Appearance 0 (flat) a one-pixel line; BorderStyle 0 is
+  // none. The border takes room from the client area, so a change resizes the control's inside.
+  // Switching the appearance also switches a back colour that is the old look's system colour
+  // (window background for flat, button face for 3-D) to the new one's, as a form designer does;
+  // any other back colour stays. Values other than 0 and 1 are error 380. Controls with a drawn
+  // border property of the same name (VexPane, VexFrame) hide these; theirs is painted inside.
+  int16_t Appearance() const { return m_appearance; }
+  void setAppearance(int16_t value);
+  int16_t BorderStyle() const { return m_borderStyle; }
+  void setBorderStyle(int16_t value);
+
  protected:
   // The window procedure of the control's window; it turns messages into surface events.
   virtual LRESULT windowProc(HWND hWnd, int32_t msg, WPARAM wParam, LPARAM lParam);
@@ -97,6 +111,9 @@ class CORVANE_API HostedControl : public Object {
   ControlSite m_site;
   std::unique_ptr<Surface> m_surface;
   WNDPROC m_proc = 0;
+  int16_t m_appearance = 1, m_borderStyle = 0;
+  bool m_quietResize = false;  // the first of two style changes that make one frame change
+  void applyBorder();
 };
 
 using HostedControlRef = std::shared_ptr<HostedControl>;

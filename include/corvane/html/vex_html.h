@@ -73,10 +73,14 @@ class CORVANE_API VexHTML : public ControlBase {
   void setGradientAngle(float value);
   OLE_COLOR BackColor2() const { return m_BackColor2; }
   void setBackColor2(OLE_COLOR value);
-  int16_t Appearance() const { return m_Appearance; }
+  // The host's look and border (htmlAppearance: Flat 0, Frame 1; htmlBorder: kein 0, Fest 1):
+  // the values live on the host, whose border takes room from the view's inner size.
+  int16_t Appearance() const { return HostedControl::Appearance(); }
   void setAppearance(int16_t value);
-  int16_t BorderStyle() const { return m_BorderStyle; }
+  int16_t BorderStyle() const { return HostedControl::BorderStyle(); }
   void setBorderStyle(int16_t value);
+  // A new view is flat and without a border.
+  DesignForm designForm() const override;
   // While true, nothing is laid out or drawn; setting it false refreshes.
   bool FreezeUpdates() const { return m_FreezeUpdates; }
   void setFreezeUpdates(bool value);
@@ -177,7 +181,6 @@ class CORVANE_API VexHTML : public ControlBase {
   bool m_Gradient = false;
   float m_GradientAngle = 270;
   OLE_COLOR m_BackColor2 = 255;
-  int16_t m_Appearance = 0, m_BorderStyle = 0;
   std::shared_ptr<PictureBox> m_picHTML, m_picViewPort, m_FocusWeg;
   std::shared_ptr<VexPane> m_panV, m_panH;
   std::shared_ptr<ScrollBar> m_vscScroll, m_hscScroll;

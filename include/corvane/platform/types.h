@@ -121,6 +121,8 @@ constexpr int32_t WS_EX_TOPMOST = 0x8, WS_EX_TOOLWINDOW = 0x80, WS_EX_LAYERED = 
 constexpr int32_t WS_CHILD = 0x40000000, WS_VISIBLE = 0x10000000, WS_DISABLED = 0x08000000,
                   WS_POPUP = static_cast<int32_t>(0x80000000);
 constexpr int32_t CS_DBLCLKS = 0x8;
+// The non-client border of a child window: a single line, and the sunken 3-D client edge.
+constexpr int32_t WS_BORDER = 0x800000, WS_EX_CLIENTEDGE = 0x200;
 constexpr int32_t LWA_COLORKEY = 1, LWA_ALPHA = 2;
 constexpr int32_t SW_HIDE = 0, SW_SHOWNORMAL = 1, SW_SHOW = 5, SW_SHOWNOACTIVATE = 4, SW_SHOWNA = 8;
 constexpr HWND HWND_TOP = 0, HWND_BOTTOM = 1, HWND_TOPMOST = -1, HWND_NOTOPMOST = -2;
