@@ -2,8 +2,11 @@
 // A fixed number of label repaints, or of Pango repainting the layout it kept, for instruction
 // counts under callgrind: run it with two counts and divide the difference of the totals by the
 // difference of the counts, so that the set-up cancels out.
-//   label_repaints label-line|label-2kb|pango-line|pango-2kb COUNT
+//   label_repaints label-line|label-2kb|pango-line|pango-2kb|text-width|text-extent COUNT
+// text-width measures a word with Surface::TextWidth, text-extent with the platform call underneath
+// on the same surface's context.
 #include <corvane/host/form.h>
+#include <corvane/platform/api.h>
 #include <corvane/platform/platform.h>
 #include <corvane/widgets/vex_color_label.h>
 #include <pango/pangocairo.h>
@@ -73,11 +76,37 @@ void pango(bool longOne, long count) {
   cairo_surface_destroy(surface);
 }
 
+void measure(bool throughSurface, long count) {
+  Desktop desktop;
+  setPlatform(&desktop);
+  {
+    FormRef form = Form::create("CountForm", 12000, 12000);
+    form->surface().Font()->setName("Arial");
+    form->surface().Font()->setSize(10);
+    Surface& s = form->surface();
+    const std::string word = "Donaudampfschiff";
+    s.TextWidth(word);  // the font and its glyphs are known afterwards
+    SIZE size{};
+    long sum = 0;
+    for (long i = 0; i < count; ++i) {
+      if (throughSurface) {
+        sum += static_cast<long>(s.TextWidth(word));
+      } else {
+        gdi().GetTextExtentPoint32A(s.hdc(), word, size);
+        sum += size.cx;
+      }
+    }
+    if (sum == -1) std::printf("%ld\n", sum);
+  }
+  Forms::unloadAll();
+  setPlatform(nullptr);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
   if (argc != 3) {
-    std::fprintf(stderr, "usage: label_repaints label-line|label-2kb|pango-line|pango-2kb COUNT\n");
+    std::fprintf(stderr, "usage: label_repaints label-line|label-2kb|pango-line|pango-2kb|text-width|text-extent COUNT\n");
     return 2;
   }
   const std::string mode = argv[1];
@@ -90,6 +119,10 @@ int main(int argc, char** argv) {
     pango(false, count);
   else if (mode == "pango-2kb")
     pango(true, count);
+  else if (mode == "text-width")
+    measure(true, count);
+  else if (mode == "text-extent")
+    measure(false, count);
   else
     return 2;
   return 0;

@@ -278,7 +278,8 @@ std::vector<RECT> DesktopGdi::regionRects(HRGN region) const {
 // --- device contexts ----------------------------------------------------------------------------
 
 HDC DesktopGdi::GetDC(HWND hWnd) {
-  if (!m_windows.windowCanvas(hWnd)) return 0;
+  // The screen (window 0) is always there; its image is made when something draws on it.
+  if (hWnd != 0 && !m_windows.windowCanvas(hWnd)) return 0;
   auto state = std::make_unique<DcState>();
   state->window = hWnd;
   return addDc(std::move(state));
@@ -312,7 +313,6 @@ int32_t DesktopGdi::GetDeviceCaps(HDC hdc, int32_t index) {
   DcState* d = dc(hdc);
   if (!d) return 0;
   if (d->recording) record(*d, "GetDeviceCaps", index);
-  Canvas* c = target(*d);
   switch (index) {
     case LOGPIXELSX:
       return m_dpiX;
@@ -323,9 +323,11 @@ int32_t DesktopGdi::GetDeviceCaps(HDC hdc, int32_t index) {
     case PLANES:
       return 1;
     case HORZRES:
-      return c ? c->width() : 0;
-    case VERTRES:
-      return c ? c->height() : 0;
+    case VERTRES: {
+      // Only the sizes need the image: asking for the resolution does not make the screen's.
+      const Canvas* c = target(*d);
+      return c ? (index == HORZRES ? c->width() : c->height()) : 0;
+    }
     default:
       return 0;
   }

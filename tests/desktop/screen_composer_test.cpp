@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/screen_composer.h"
 
+#include <corvane/host/screen.h>
+
 #include <cairo.h>
 #include <gtest/gtest.h>
 
@@ -132,6 +134,8 @@ TEST_F(ScreenComposerTest, TheScreenImageIsMadeOnlyWhenItIsUsed) {
   ASSERT_TRUE(desktop().saveWindowPng(h, path));
   std::remove(path.c_str());
   EXPECT_FALSE(desktop().screenMade()) << "a window's picture is composed without the screen";
+  EXPECT_EQ(Screen::instance().TwipsPerPixelX(), 15.0f);
+  EXPECT_FALSE(desktop().screenMade()) << "the screen's resolution is known without its image";
   // A context on the screen itself makes it.
   GdiApi& g = desktop().gdi();
   HDC screenDc = g.GetDC(0);
