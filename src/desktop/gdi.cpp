@@ -446,6 +446,7 @@ void DesktopGdi::SetDCFont(HDC hdc, const FontSpec& font) {
     GdiObject own(GdiObject::Kind::Font);
     own.dcOwned = true;
     d->ownFont = addObject(std::move(own));
+    if (!d->ownFont) return;  // the handle table is full: the context keeps the font it has
   }
   GdiObject& own = *m_handles.find(d->ownFont);
   own.fontSpec = font;

@@ -49,7 +49,6 @@ void close(GtkWidget* dialog) {
 
 int32_t channel(double value) { return static_cast<int32_t>(std::lround(std::clamp(value, 0.0, 1.0) * 255)); }
 
-
 bool gtkStarted() { return s_started; }
 
 bool startGtk() {
