@@ -29,8 +29,10 @@ size_t FontCache::SpecHash::operator()(const FontSpec& s) const {
          (size_t(s.bold) | size_t(s.italic) << 1 | size_t(s.underline) << 2 | size_t(s.strikethrough) << 3);
 }
 
-FontCache::FontCache()
-    : m_fontMap(pango_cairo_font_map_new()), m_context(pango_font_map_create_context(m_fontMap)) {
+FontCache::FontCache(size_t maxFaces)
+    : m_fontMap(pango_cairo_font_map_new()),
+      m_context(pango_font_map_create_context(m_fontMap)),
+      m_maxFaces(std::max<size_t>(maxFaces, 1)) {
   // Greyscale antialiasing without subpixel colour, slight hinting, and metrics rounded to
   // whole pixels: advances are integers, as the platform measures them.
   cairo_font_options_t* options = cairo_font_options_create();
@@ -90,10 +92,19 @@ std::shared_ptr<TextFont> FontCache::font(const FontSpec& desc, int32_t pixelsPe
   // The symbol faces share DejaVu Sans but not its letters, so they are kept apart.
   const std::string faceKey = symbols == FontSubstitution::Symbols::None ? family : lower(desc.name);
   auto key = std::make_tuple(faceKey, pixels, desc.bold, desc.italic);
+  if (m_byFace.size() >= m_maxFaces && !m_byFace.count(key)) forgetUnused();
   auto& made = m_byFace[key];
   if (!made) made = std::make_shared<TextFont>(m_context, family, pixels, desc.bold, desc.italic, symbols);
   m_bySpec.emplace(desc, made);
   return made;
+}
+
+// Fonts nobody holds any more go, with their glyphs, once many faces were made: a program that
+// walks through sizes and names keeps only what it uses. The description memo is made again as
+// descriptions are asked for.
+void FontCache::forgetUnused() {
+  m_bySpec.clear();
+  std::erase_if(m_byFace, [](const auto& entry) { return entry.second.use_count() == 1; });
 }
 
 }  // namespace corvane

@@ -21,7 +21,9 @@ namespace corvane {
 // by the description a caller gives (so that asking again for a known description is a lookup).
 class FontCache {
  public:
-  FontCache();
+  static constexpr size_t kMaxFaces = 32;
+  // Once maxFaces faces were made, fonts nobody holds are forgotten before another is made.
+  explicit FontCache(size_t maxFaces = kMaxFaces);
   ~FontCache();
   // The cache every desktop of the process uses, so that a font and its glyphs are made once.
   static FontCache& shared();
@@ -35,8 +37,10 @@ class FontCache {
   // The installed family that draws a face name.
   std::string familyFor(const std::string& name);
   bool familiesListed() const { return m_listed; }  // for tests: the list is made when first needed
+  size_t faceCount() const { return m_byFace.size(); }  // for tests
 
  private:
+  void forgetUnused();
   struct SpecHash {
     size_t operator()(const FontSpec& s) const;
   };
@@ -45,6 +49,7 @@ class FontCache {
   const std::set<std::string>& installed();
   std::set<std::string> m_installed;  // installed family names, lower case, once listed
   bool m_listed = false;
+  size_t m_maxFaces;
   int32_t m_pixelsPerInch = 0;        // resolution the description memo was made for
   std::unordered_map<FontSpec, std::shared_ptr<TextFont>, SpecHash> m_bySpec;
   std::map<std::tuple<std::string, int32_t, bool, bool>, std::shared_ptr<TextFont>> m_byFace;

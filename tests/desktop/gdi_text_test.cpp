@@ -438,5 +438,16 @@ TEST_F(GdiText, PathCompactPathKeepsFittingTextsAndShortensOthersToFit) {
   EXPECT_EQ(plain.substr(0, 3), "A p");
 }
 
+TEST(FontCacheBound, FontsNobodyHoldsAreForgottenOnceManyFacesWereMade) {
+  FontCache cache(4);
+  const std::shared_ptr<TextFont> held = cache.font(FontSpec{"Arial", 10}, 96);
+  for (int i = 0; i < 10; ++i) cache.font(FontSpec{"Arial", 11.0 + i}, 96);  // nobody keeps these
+  EXPECT_LE(cache.faceCount(), 4u);
+  EXPECT_EQ(cache.font(FontSpec{"Arial", 10}, 96), held) << "a font in use stays the same font";
+  const std::shared_ptr<TextFont> again = cache.font(FontSpec{"Arial", 20}, 96);
+  EXPECT_EQ(cache.font(FontSpec{"Arial", 20}, 96), again) << "asking twice in a row gives one font";
+  EXPECT_EQ(again->pixelSize(), 27);
+}
+
 }  // namespace
 }  // namespace corvane
