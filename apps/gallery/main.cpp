@@ -60,12 +60,15 @@ class Placer {
 };
 
 int renderPngs(const std::string& out) {
-  Desktop desktop(Desktop::Options{.width = 3200, .height = 1800});
+  // Wide enough that the columns of forms never start over again: the alerts and balloons stay
+  // on top of everything, and a form placed under one would show it in its own picture.
+  constexpr int32_t kScreenWidth = 4800, kScreenHeight = 1800;
+  Desktop desktop(Desktop::Options{.width = kScreenWidth, .height = kScreenHeight});
   setPlatform(&desktop);
   std::filesystem::create_directories(out);
   int failed = 0;
   // Forms flow down the screen in columns, so that the whole desktop shows every scene.
-  Placer placer(3200, 1800);
+  Placer placer(kScreenWidth, kScreenHeight);
   for (const gallery::Scene& scene : allScenes()) {
     FormRef form = scene.build();
     RECT size;
