@@ -41,21 +41,29 @@ std::pair<std::string, std::string> caption(bool longOne) {
   return {ours, pango};
 }
 
-void label(bool longOne, long count) {
+// A headless desktop with a form in Arial 10; the job gets the form, and everything goes again after.
+template <class Job>
+void onForm(Job job) {
   Desktop desktop;
   setPlatform(&desktop);
   {
     FormRef form = Form::create("CountForm", 12000, 12000);
     form->surface().Font()->setName("Arial");
     form->surface().Font()->setSize(10);
-    auto l = std::dynamic_pointer_cast<VexColorLabel>(
-        form->add("VexColorLabel", "lbl", nullptr, 0, 0, 6000, longOne ? 12000.0f : 300.0f));
-    l->setWordWrap(longOne);
-    l->setCaption(caption(longOne).first);
-    for (long i = 0; i < count; ++i) l->DrawLabel();
+    job(*form);
   }
   Forms::unloadAll();
   setPlatform(nullptr);
+}
+
+void label(bool longOne, long count) {
+  onForm([&](Form& form) {
+    auto l = std::dynamic_pointer_cast<VexColorLabel>(
+        form.add("VexColorLabel", "lbl", nullptr, 0, 0, 6000, longOne ? 12000.0f : 300.0f));
+    l->setWordWrap(longOne);
+    l->setCaption(caption(longOne).first);
+    for (long i = 0; i < count; ++i) l->DrawLabel();
+  });
 }
 
 void pango(bool longOne, long count) {
@@ -77,13 +85,8 @@ void pango(bool longOne, long count) {
 }
 
 void measure(bool throughSurface, long count) {
-  Desktop desktop;
-  setPlatform(&desktop);
-  {
-    FormRef form = Form::create("CountForm", 12000, 12000);
-    form->surface().Font()->setName("Arial");
-    form->surface().Font()->setSize(10);
-    Surface& s = form->surface();
+  onForm([&](Form& form) {
+    Surface& s = form.surface();
     const std::string word = "Donaudampfschiff";
     s.TextWidth(word);  // the font and its glyphs are known afterwards
     SIZE size{};
@@ -97,9 +100,7 @@ void measure(bool throughSurface, long count) {
       }
     }
     if (sum == -1) std::printf("%ld\n", sum);
-  }
-  Forms::unloadAll();
-  setPlatform(nullptr);
+  });
 }
 
 }  // namespace
