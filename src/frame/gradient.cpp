@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <corvane/frame/gradient.h>
 
+#include <algorithm>
 #include <cmath>
 #include <memory>
 #include <vector>
@@ -118,7 +119,8 @@ int32_t CGradient::DrawGradient(HDC hDC, int32_t width, int32_t height) {
 
     // The list of line ends, built first so that the number of colours is known.
     std::vector<PointLng> lines;
-    lines.reserve(static_cast<size_t>(2 * (width > height ? width : height) + 8));
+    // Room for a sweep across the surface; any size (negative, or huge) only changes how often it grows.
+    lines.reserve(static_cast<size_t>(std::clamp<int64_t>(2 * int64_t{width > height ? width : height} + 8, 8, 1 << 16)));
     lines.push_back({CLng(xOff + pt[0].X), CLng(yOff + pt[0].Y)});
     lines.push_back({CLng(xOff + pt[1].X), CLng(yOff + pt[1].Y)});
     // The sweep ends at the first entry after which the two latest entries lie past the far

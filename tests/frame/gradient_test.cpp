@@ -181,6 +181,18 @@ TEST_F(GradientTest, RotatePointTurnsAroundTheCentre) {
 
 // ---- Drawing: the calls -----------------------------------------------------------------------
 
+TEST_F(GradientTest, DrawGradientOnANegativeSizeEndsWithoutAnError) {
+  FormRef f = makeForm(20, 10);
+  CGradient g;
+  for (float angle : {0.0f, 90.0f, 200.0f}) {
+    g.setAngle(angle);
+    int32_t count = -1;
+    EXPECT_NO_THROW(count = g.DrawGradient(f->surface().hdc(), -50, -40)) << angle;
+    EXPECT_GE(count, 0) << angle;
+  }
+  EXPECT_EQ(desktop().liveDrawingObjects(), 0);
+}
+
 TEST_F(GradientTest, DrawGradientMakesOnePenPerLineInTheRequiredOrder) {
   FormRef f = makeForm(20, 10);
   HDC hdc = f->surface().hdc();
