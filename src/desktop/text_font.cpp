@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/text_font.h"
 
+#include <hb-ot.h>
+#include <hb.h>
 #include <pango/pangocairo.h>
+#include <pango/pangofc-font.h>
 
 #include <algorithm>
 #include <cmath>
@@ -44,18 +47,8 @@ TextFont::TextFont(PangoContext* context, const std::string& family, int32_t pix
   pango_font_description_set_style(m_description, italic ? PANGO_STYLE_ITALIC : PANGO_STYLE_NORMAL);
   pango_layout_set_font_description(m_layout, m_description);
 
-  if (PangoFont* font = pango_context_load_font(context, m_description)) {
-    PangoFontMetrics* metrics = pango_font_get_metrics(font, nullptr);
-    m_ascent = PANGO_PIXELS_CEIL(pango_font_metrics_get_ascent(metrics));
-    m_descent = PANGO_PIXELS_CEIL(pango_font_metrics_get_descent(metrics));
-    m_aveCharWidth = PANGO_PIXELS(pango_font_metrics_get_approximate_char_width(metrics));
-    m_underlineThickness = std::max(1, PANGO_PIXELS(pango_font_metrics_get_underline_thickness(metrics)));
-    m_underlineOffset = PANGO_PIXELS(-pango_font_metrics_get_underline_position(metrics));
-    m_strikeThickness = std::max(1, PANGO_PIXELS(pango_font_metrics_get_strikethrough_thickness(metrics)));
-    m_strikeOffset = PANGO_PIXELS(-pango_font_metrics_get_strikethrough_position(metrics));
-    pango_font_metrics_unref(metrics);
-    g_object_unref(font);
-  }
+  m_primary = pango_context_load_font(context, m_description);
+  if (m_primary && !readFaceMetrics()) readPangoMetrics();
   // The underline stays inside the line box.
   m_underlineOffset = std::clamp(m_underlineOffset, 1, std::max(1, m_descent - m_underlineThickness));
 
@@ -63,7 +56,135 @@ TextFont::TextFont(PangoContext* context, const std::string& family, int32_t pix
   for (const Glyph& g : m_ascii) m_maxCharWidth = std::max(m_maxCharWidth, g.advance);
 }
 
+bool TextFont::readFaceMetrics() {
+  // What Pango's metrics hold but without the sample sentence Pango lays out for the average
+  // width, which is what makes them slow: ascent and descent as the face gives them, in whole
+  // pixels rounded up, and the line positions from the face's tables. A
+  // transformed or unhinted face, or one without those tables, is left to Pango.
+  auto* fc = PANGO_FC_FONT(m_primary);
+  if (!PANGO_IS_FC_FONT(m_primary) || fc->is_transformed || !fc->is_hinted) return false;
+  hb_font_t* face = pango_font_get_hb_font(m_primary);
+  hb_position_t underlineSize = 0, underlineOffset = 0, strikeSize = 0, strikeOffset = 0;
+  if (!face || !hb_ot_metrics_get_position(face, HB_OT_METRICS_TAG_UNDERLINE_SIZE, &underlineSize) ||
+      !hb_ot_metrics_get_position(face, HB_OT_METRICS_TAG_UNDERLINE_OFFSET, &underlineOffset) ||
+      !hb_ot_metrics_get_position(face, HB_OT_METRICS_TAG_STRIKEOUT_SIZE, &strikeSize) ||
+      !hb_ot_metrics_get_position(face, HB_OT_METRICS_TAG_STRIKEOUT_OFFSET, &strikeOffset) ||
+      !underlineSize || !underlineOffset || !strikeSize || !strikeOffset)
+    return false;
+  hb_font_extents_t extents{};
+  hb_font_get_extents_for_direction(face, HB_DIRECTION_LTR, &extents);
+  m_ascent = PANGO_PIXELS_CEIL(extents.ascender);
+  m_descent = PANGO_PIXELS_CEIL(-extents.descender);
+  m_underlineThickness = std::max(1, PANGO_PIXELS(underlineSize));
+  m_underlineOffset = PANGO_PIXELS(-underlineOffset);
+  m_strikeThickness = std::max(1, PANGO_PIXELS(strikeSize));
+  m_strikeOffset = PANGO_PIXELS(-strikeOffset);
+  return true;
+}
+
+void TextFont::readPangoMetrics() {
+  PangoFontMetrics* metrics = pango_font_get_metrics(m_primary, nullptr);
+  m_ascent = PANGO_PIXELS_CEIL(pango_font_metrics_get_ascent(metrics));
+  m_descent = PANGO_PIXELS_CEIL(pango_font_metrics_get_descent(metrics));
+  m_underlineThickness = std::max(1, PANGO_PIXELS(pango_font_metrics_get_underline_thickness(metrics)));
+  m_underlineOffset = PANGO_PIXELS(-pango_font_metrics_get_underline_position(metrics));
+  m_strikeThickness = std::max(1, PANGO_PIXELS(pango_font_metrics_get_strikethrough_thickness(metrics)));
+  m_strikeOffset = PANGO_PIXELS(-pango_font_metrics_get_strikethrough_position(metrics));
+  pango_font_metrics_unref(metrics);
+}
+
+int32_t TextFont::aveCharWidth() const {
+  if (m_aveCharWidth < 0) m_aveCharWidth = averageWidth();
+  return m_aveCharWidth;
+}
+
+int32_t TextFont::averageWidth() const {
+  // Pango's average character width: its sample sentence for the default language, laid out,
+  // over the sentence's length in characters. An ASCII sentence the face holds whole is shaped
+  // here on the face as Pango shapes it (positions rounded); any other is left to Pango's metrics.
+  if (!m_primary) return 0;
+  const char* sample = pango_language_get_sample_string(nullptr);
+  const std::string_view text(sample ? sample : "");
+  hb_font_t* face = pango_font_get_hb_font(m_primary);
+  if (face && !text.empty() && std::all_of(text.begin(), text.end(), [](char c) { return c > 0 && c < 0x7F; })) {
+    hb_buffer_t* buffer = hb_buffer_create();
+    hb_buffer_add_utf8(buffer, text.data(), static_cast<int>(text.size()), 0, static_cast<int>(text.size()));
+    hb_buffer_set_direction(buffer, HB_DIRECTION_LTR);
+    hb_buffer_set_script(buffer, HB_SCRIPT_LATIN);
+    hb_buffer_set_language(buffer, hb_language_from_string(pango_language_to_string(pango_language_get_default()), -1));
+    hb_shape(face, buffer, nullptr, 0);
+    unsigned count = 0;
+    const hb_glyph_info_t* infos = hb_buffer_get_glyph_infos(buffer, &count);
+    const hb_glyph_position_t* positions = hb_buffer_get_glyph_positions(buffer, nullptr);
+    int64_t units = 0;
+    bool whole = true;
+    for (unsigned k = 0; k < count; ++k) {
+      whole = whole && infos[k].codepoint != 0;
+      units += PANGO_UNITS_ROUND(positions[k].x_advance);
+    }
+    hb_buffer_destroy(buffer);
+    if (whole) return PANGO_PIXELS(static_cast<int32_t>(units / static_cast<int64_t>(text.size())));
+  }
+  PangoFontMetrics* metrics = pango_font_get_metrics(m_primary, nullptr);
+  const int32_t width = PANGO_PIXELS(pango_font_metrics_get_approximate_char_width(metrics));
+  pango_font_metrics_unref(metrics);
+  return width;
+}
+
 void TextFont::shapeAscii() {
+  if (m_symbols == FontSubstitution::Symbols::None && shapeAsciiOnFace()) return;
+  shapeAsciiWithPango();
+}
+
+bool TextFont::shapeAsciiOnFace() {
+  // The printable characters in one shaping call on the face Pango chose, with the script,
+  // language and features Pango's own shaping of them would use (pairs neither kerned nor
+  // joined) and positions rounded as Pango rounds them; without Pango's layout around the call,
+  // which would also load every glyph's outline for extents nobody asks for. A character the face
+  // lacks, or that does not come out as one glyph, is shaped through Pango on its own.
+  hb_font_t* face = m_primary ? pango_font_get_hb_font(m_primary) : nullptr;
+  const int32_t slot = face ? slotFor(m_primary) : -1;
+  if (slot < 0) return false;
+  char text[0x7F - 0x20];
+  for (int c = 0x20; c < 0x7F; ++c) text[c - 0x20] = static_cast<char>(c);
+  static const std::array<hb_feature_t, 5> kUnjoined = [] {
+    std::array<hb_feature_t, 5> features{};
+    const char* names[] = {"kern=0", "liga=0", "clig=0", "calt=0", "dlig=0"};
+    for (size_t i = 0; i < features.size(); ++i) hb_feature_from_string(names[i], -1, &features[i]);
+    return features;
+  }();
+  hb_buffer_t* buffer = hb_buffer_create();
+  hb_buffer_add_utf8(buffer, text, sizeof text, 0, sizeof text);
+  hb_buffer_set_direction(buffer, HB_DIRECTION_LTR);
+  hb_buffer_set_script(buffer, HB_SCRIPT_LATIN);
+  hb_buffer_set_language(buffer, hb_language_from_string(pango_language_to_string(pango_context_get_language(m_context)), -1));
+  hb_shape(face, buffer, kUnjoined.data(), kUnjoined.size());
+  unsigned count = 0;
+  const hb_glyph_info_t* infos = hb_buffer_get_glyph_infos(buffer, &count);
+  const hb_glyph_position_t* positions = hb_buffer_get_glyph_positions(buffer, nullptr);
+  std::array<int32_t, 128> units{}, glyphs{};
+  std::array<uint32_t, 128> index{};
+  for (unsigned k = 0; k < count; ++k) {
+    const uint32_t c = 0x20 + infos[k].cluster;
+    if (c >= 0x7F) continue;
+    units[c] += PANGO_UNITS_ROUND(positions[k].x_advance);
+    ++glyphs[c];
+    index[c] = infos[k].codepoint;
+  }
+  hb_buffer_destroy(buffer);
+  for (char32_t c = 0x20; c < 0x7F; ++c) {
+    if (glyphs[c] != 1 || index[c] == 0) {
+      m_ascii[c] = shape(c);
+      continue;
+    }
+    m_ascii[c].index = index[c];
+    m_ascii[c].slot = slot;
+    m_ascii[c].advance = std::max(0, PANGO_PIXELS(units[c]));
+  }
+  return true;
+}
+
+void TextFont::shapeAsciiWithPango() {
   // The printable characters side by side in one layout, pairs neither kerned nor joined, so that
   // each gets the glyph and advance it has on its own; a character that does not come out as one
   // glyph is shaped on its own after all.
@@ -115,6 +236,7 @@ TextFont::~TextFont() {
     cairo_scaled_font_destroy(s.scaled);
     g_object_unref(s.font);
   }
+  if (m_primary) g_object_unref(m_primary);
   g_object_unref(m_layout);
   pango_font_description_free(m_description);
   g_object_unref(m_context);

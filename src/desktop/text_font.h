@@ -47,7 +47,7 @@ class TextFont {
   int32_t ascent() const { return m_ascent; }
   int32_t descent() const { return m_descent; }
   int32_t height() const { return m_ascent + m_descent; }
-  int32_t aveCharWidth() const { return m_aveCharWidth; }
+  int32_t aveCharWidth() const;
   int32_t maxCharWidth() const { return m_maxCharWidth; }
   // Lines under and through the text: top edge below the baseline (negative: above) and thickness.
   int32_t underlineOffset() const { return m_underlineOffset; }
@@ -82,6 +82,8 @@ class TextFont {
 
   // Pango's own measure of the text, as a laid-out paragraph (kerning and all).
   SIZE layoutSize(std::string_view text);
+  // The face Pango chose for this font (null if none), to check the metrics against Pango's.
+  PangoFont* pangoFont() const { return m_primary; }
 
  private:
   struct Glyph {
@@ -116,7 +118,12 @@ class TextFont {
   };
   static constexpr size_t kMaxShapedWords = 4096;
 
+  bool readFaceMetrics();
+  void readPangoMetrics();
+  int32_t averageWidth() const;
   void shapeAscii();
+  bool shapeAsciiOnFace();
+  void shapeAsciiWithPango();
   int32_t mixedWidth(std::string_view text);
   // Calls visit(slot, glyph index, x, y, cached image index) for every glyph that shows ink, x
   // from the text's origin and y from the baseline; returns the text's width.
@@ -132,9 +139,11 @@ class TextFont {
   PangoContext* m_context;
   PangoFontDescription* m_description;
   PangoLayout* m_layout;  // reused to shape one code point at a time
+  PangoFont* m_primary = nullptr;  // the face Pango chose for the description; null if none
   FontSubstitution::Symbols m_symbols;
   int32_t m_pixelSize;
-  int32_t m_ascent = 0, m_descent = 0, m_aveCharWidth = 0, m_maxCharWidth = 0;
+  int32_t m_ascent = 0, m_descent = 0, m_maxCharWidth = 0;
+  mutable int32_t m_aveCharWidth = -1;  // -1 until first asked
   int32_t m_underlineOffset = 0, m_underlineThickness = 1, m_strikeOffset = 0, m_strikeThickness = 1;
   std::array<Glyph, 128> m_ascii{};
   std::unordered_map<char32_t, Glyph> m_other;

@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
+#include <pango/pango.h>
+
+#include <algorithm>
 
 #include <string>
 
@@ -185,13 +188,48 @@ TEST_F(ShapedText, CairoDrawsTheSameShapedGlyphs) {
 // The advances of the printable ASCII characters, found in one layout, are those each character
 // has laid out on its own.
 TEST_F(ShapedText, AsciiAdvancesAreEachCharactersOwn) {
-  for (const char* name : {"MS Sans Serif", "Arial", "Times New Roman", "Courier New", "Tahoma", "Marlett"})
-    for (double points : {8.25, 10.0, 12.0}) {
-      auto f = cache.font(face(name, points), 96);
-      for (char c = 0x20; c < 0x7F; ++c)
-        ASSERT_EQ(f->advance(static_cast<char32_t>(c)), f->layoutSize(std::string(1, c)).cx)
-            << name << " " << points << " '" << c << "'";
-    }
+  for (const char* name : {"MS Sans Serif", "Arial", "Times New Roman", "Courier New", "Tahoma", "Marlett", "WenQuanYi Micro Hei"})
+    for (double points : {1.0, 8.25, 10.0, 12.0, 19.5, 36.0})
+      for (int style = 0; style < 4; ++style) {
+        FontSpec spec = face(name, points);
+        spec.bold = style & 1;
+        spec.italic = style & 2;
+        auto f = cache.font(spec, 96);
+        for (char c = 0x20; c < 0x7F; ++c)
+          ASSERT_EQ(f->advance(static_cast<char32_t>(c)), f->layoutSize(std::string(1, c)).cx)
+              << name << " " << points << " style " << style << " '" << c << "'";
+      }
+}
+
+// Ascent, descent, the line positions and the average width, read from the face without Pango's
+// metrics, are what Pango's metrics give, in whole pixels as the text metrics report them.
+TEST_F(ShapedText, TheMetricsAreThoseOfPango) {
+  int checked = 0;
+  for (const char* name : {"MS Sans Serif", "Arial", "Times New Roman", "Courier New", "WenQuanYi Micro Hei", "Wingdings"})
+    for (double points = 1; points <= 72; points += 2.75)
+      for (int style = 0; style < 4; ++style) {
+        FontSpec spec = face(name, points);
+        spec.bold = style & 1;
+        spec.italic = style & 2;
+        auto f = cache.font(spec, 96);
+        ASSERT_NE(f->pangoFont(), nullptr);
+        PangoFontMetrics* m = pango_font_get_metrics(f->pangoFont(), nullptr);
+        const std::string what = std::string(name) + " " + std::to_string(points) + " style " + std::to_string(style);
+        EXPECT_EQ(f->ascent(), PANGO_PIXELS_CEIL(pango_font_metrics_get_ascent(m))) << what;
+        EXPECT_EQ(f->descent(), PANGO_PIXELS_CEIL(pango_font_metrics_get_descent(m))) << what;
+        EXPECT_EQ(f->aveCharWidth(), PANGO_PIXELS(pango_font_metrics_get_approximate_char_width(m))) << what;
+        EXPECT_EQ(f->underlineThickness(), std::max(1, PANGO_PIXELS(pango_font_metrics_get_underline_thickness(m))))
+            << what;
+        EXPECT_EQ(f->strikeThickness(), std::max(1, PANGO_PIXELS(pango_font_metrics_get_strikethrough_thickness(m))))
+            << what;
+        EXPECT_EQ(f->strikeOffset(), PANGO_PIXELS(-pango_font_metrics_get_strikethrough_position(m))) << what;
+        const int32_t underline = PANGO_PIXELS(-pango_font_metrics_get_underline_position(m));
+        EXPECT_EQ(f->underlineOffset(), std::clamp(underline, 1, std::max(1, f->descent() - f->underlineThickness())))
+            << what;
+        pango_font_metrics_unref(m);
+        ++checked;
+      }
+  EXPECT_EQ(checked, 6 * 26 * 4);
 }
 
 }  // namespace
