@@ -27,21 +27,15 @@ Canvas::Canvas(cairo_surface_t* adopt) : m_surface(adopt) { attach(); }
 
 Canvas::~Canvas() { cairo_surface_destroy(m_surface); }
 
-void Canvas::column(int32_t x, int32_t top, int32_t bottom, uint32_t argb) {
+void Canvas::startColumns(int32_t x, int32_t top, int32_t bottom, uint32_t argb) {
   ++m_version;
-  const bool sameRows = top == m_columnsTop && bottom == m_columnsBottom;
-  if (m_columnsLeft < m_columnsRight && !(sameRows && (x == m_columnsRight || x == m_columnsLeft - 1))) settle();
-  if (m_columnsLeft >= m_columnsRight) {
-    m_columnColours.resize(static_cast<size_t>(m_width));
-    m_columnsLeft = m_columnsRight = x;
-    m_columnsTop = top;
-    m_columnsBottom = bottom;
-  }
+  settle();
+  m_columnColours.resize(static_cast<size_t>(m_width));
+  m_columnsLeft = x;
+  m_columnsRight = x + 1;
+  m_columnsTop = top;
+  m_columnsBottom = bottom;
   m_columnColours[static_cast<size_t>(x)] = argb;
-  if (x == m_columnsRight)
-    ++m_columnsRight;
-  else
-    --m_columnsLeft;
 }
 
 void Canvas::writeColumns() const {

@@ -50,7 +50,21 @@ class Canvas {
   // canvas. Columns over the same rows that follow one another (to the right or to the left) are
   // gathered and written a whole row at a time when the pixels are next used: the same pixels as
   // column by column, in far fewer memory passes.
-  void column(int32_t x, int32_t top, int32_t bottom, uint32_t argb);
+  void column(int32_t x, int32_t top, int32_t bottom, uint32_t argb) {
+    if (m_columnsLeft < m_columnsRight && top == m_columnsTop && bottom == m_columnsBottom) {
+      if (x == m_columnsRight) {
+        ++m_version;
+        m_columnColours[static_cast<size_t>(m_columnsRight++)] = argb;
+        return;
+      }
+      if (x == m_columnsLeft - 1) {
+        ++m_version;
+        m_columnColours[static_cast<size_t>(--m_columnsLeft)] = argb;
+        return;
+      }
+    }
+    startColumns(x, top, bottom, argb);
+  }
   COLORREF pixel(int32_t x, int32_t y) const;      // as &H00BBGGRR, -1 outside
   void setPixel(int32_t x, int32_t y, COLORREF c);  // opaque
   void fill(COLORREF c);
@@ -71,6 +85,7 @@ class Canvas {
 
  private:
   void attach();
+  void startColumns(int32_t x, int32_t top, int32_t bottom, uint32_t argb);  // after settling any others
   void settle() const {
     if (m_columnsLeft < m_columnsRight) writeColumns();
   }

@@ -621,6 +621,29 @@ bool DesktopGdi::LineTo(HDC hdc, int32_t x, int32_t y) {
   return true;
 }
 
+void DesktopGdi::PenLines(HDC hdc, std::span<const POINTAPI> ends, std::span<const COLORREF> colours) {
+  // The lines straight into the pixels, with what the six calls per line leave behind: the
+  // context's own pen (selected back each time, so never changed), its position at the last end,
+  // and a pen handle made and freed per line.
+  // The calls are made one by one where any of them would be recorded, or would fail or end
+  // otherwise: a recording context, one without pixels, a current pen that is no pen (as after it
+  // was deleted) or a full handle table.
+  const size_t count = std::min(ends.size() / 2, colours.size());
+  DcState* d = dc(hdc);
+  Canvas* c = d ? target(*d) : nullptr;
+  const GdiObject* current = d ? object(d->pen) : nullptr;
+  if (count == 0 || m_recording != 0 || !c || !current || current->kind != GdiObject::Kind::Pen ||
+      !m_handles.cyclePlain(static_cast<uint32_t>(count))) {
+    GdiApi::PenLines(hdc, ends, colours);
+    return;
+  }
+  for (size_t k = 0; k < count; ++k)
+    GdiRaster::line(*c, ends[2 * k].x, ends[2 * k].y, ends[2 * k + 1].x, ends[2 * k + 1].y, colours[k] & 0xFFFFFF, 1);
+  c->markDirty();
+  d->position = ends[2 * count - 1];
+  drawn(*d);
+}
+
 COLORREF DesktopGdi::SetPixel(HDC hdc, int32_t x, int32_t y, COLORREF colour) {
   DcState* d = dc(hdc);
   if (!d) return -1;

@@ -101,6 +101,7 @@ class DesktopGdi : public GdiApi {
   bool Rectangle(HDC hdc, int32_t left, int32_t top, int32_t right, int32_t bottom) override;
   bool MoveToEx(HDC hdc, int32_t x, int32_t y, POINTAPI* previous) override;
   bool LineTo(HDC hdc, int32_t x, int32_t y) override;
+  void PenLines(HDC hdc, std::span<const POINTAPI> ends, std::span<const COLORREF> colours) override;
   COLORREF SetPixel(HDC hdc, int32_t x, int32_t y, COLORREF colour) override;
   COLORREF GetPixel(HDC hdc, int32_t x, int32_t y) override;
   bool BitBlt(HDC dest, int32_t x, int32_t y, int32_t width, int32_t height, HDC src, int32_t srcX,

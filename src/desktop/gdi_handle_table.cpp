@@ -43,6 +43,18 @@ int32_t GdiHandleTable::addPlain(GdiObject::Kind kind, int32_t penStyle, int32_t
   return handleOf(index);
 }
 
+bool GdiHandleTable::cyclePlain(uint32_t count) {
+  if (count == 0) return true;
+  size_t index = 0;
+  Slot* s = take(index);
+  if (!s) return false;
+  s->used = false;
+  s->holdsObject = false;
+  s->generation = static_cast<uint32_t>((uint64_t{s->generation} + count) % kGenerations);
+  m_free.push_back(static_cast<uint32_t>(index));
+  return true;
+}
+
 int32_t GdiHandleTable::reserve() {
   size_t index = 0;
   Slot* s = take(index);

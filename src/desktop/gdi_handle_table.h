@@ -24,6 +24,10 @@ class GdiHandleTable {
   int32_t add(GdiObject object);
   // A pen or a brush: a slot that held one before only gets its fields set.
   int32_t addPlain(GdiObject::Kind kind, int32_t penStyle, int32_t penWidth, COLORREF colour);
+  // What adding count plain pens and removing each before the next would do (a painter's pen per
+  // line): one slot's generation moves on by count. False, with nothing changed, when the table is
+  // full, so that the first add would give 0.
+  bool cyclePlain(uint32_t count);
   // A handle that names no object (a device context's), 0 when the table is full.
   int32_t reserve();
   // The object of a live handle; null for 0, unknown, freed and reserved handles.

@@ -20,17 +20,8 @@ void GdiRaster::plot(Canvas& canvas, int32_t x, int32_t y, uint32_t argb, int32_
     for (int32_t px = std::max(left, 0); px < right; ++px) canvas.row(py)[px] = argb;
 }
 
-void GdiRaster::line(Canvas& canvas, int32_t x0, int32_t y0, int32_t x1, int32_t y1, COLORREF colour,
-                     int32_t width) {
-  if (width <= 1 && x0 == x1 && y0 != y1) {  // vertical: the common case of painters, clipped at once
-    if (x0 < 0 || x0 >= canvas.width()) return;
-    // The rows drawn: from y0 towards y1, y1 itself left out.
-    const int64_t from = y0 < y1 ? y0 : int64_t{y1} + 1, to = y0 < y1 ? int64_t{y1} : int64_t{y0} + 1;
-    const int64_t top = std::max<int64_t>(from, 0), bottom = std::min<int64_t>(to, canvas.height());
-    if (top < bottom)
-      canvas.column(x0, static_cast<int32_t>(top), static_cast<int32_t>(bottom), Canvas::toArgb(colour));
-    return;
-  }
+void GdiRaster::otherLine(Canvas& canvas, int32_t x0, int32_t y0, int32_t x1, int32_t y1, COLORREF colour,
+                          int32_t width) {
   const int64_t dx = int64_t{x1} - x0, dy = int64_t{y1} - y0;
   const int64_t adx = std::llabs(dx), ady = std::llabs(dy);
   const int64_t steps = std::max(adx, ady);  // pixels drawn: the end point is left out

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
+#include <span>
 #include <vector>
 
 #include <corvane/platform/api.h>
@@ -54,11 +55,12 @@ int32_t CGradient::BlendColors(int32_t lColor1, int32_t lColor2, int32_t lSteps,
   const double dG = SafeDiv(greenOf(lColor2) - g1, steps);
   const double dB = SafeDiv(blueOf(lColor2) - b1, steps);
   laRetColors.redim(0, steps - 1);
-  laRetColors(0) = lColor1;
-  laRetColors(steps - 1) = lColor2;
+  int32_t* colours = laRetColors.begin();  // the array starts at 0
+  colours[0] = lColor1;
+  colours[steps - 1] = lColor2;
   for (int32_t i = 1; i <= steps - 2; ++i) {
     const int32_t r = CLng(i * dR + r1), g = CLng(i * dG + g1), b = CLng(i * dB + b1);
-    laRetColors(i) = g * 256 + r + b * 65536;
+    colours[i] = g * 256 + r + b * 65536;
   }
   return steps;
 }
@@ -118,7 +120,7 @@ int32_t CGradient::DrawGradient(HDC hDC, int32_t width, int32_t height) {
     }
 
     // The list of line ends, built first so that the number of colours is known.
-    std::vector<PointLng> lines;
+    std::vector<POINTAPI> lines;
     // Room for a sweep across the surface; any size (negative, or huge) only changes how often it grows.
     lines.reserve(static_cast<size_t>(std::clamp<int64_t>(2 * int64_t{width > height ? width : height} + 8, 8, 1 << 16)));
     lines.push_back({CLng(xOff + pt[0].X), CLng(yOff + pt[0].Y)});
@@ -126,19 +128,19 @@ int32_t CGradient::DrawGradient(HDC hDC, int32_t width, int32_t height) {
     // The sweep ends at the first entry after which the two latest entries lie past the far
     // border; that can be the start or the end of a line.
     for (;;) {
-      const PointLng& before = lines[lines.size() - 2];
-      lines.push_back({add32(before.X, stepX), add32(before.Y, stepY)});
-      const PointLng& a = lines[lines.size() - 1];
-      const PointLng& b = lines[lines.size() - 2];
+      const POINTAPI& before = lines[lines.size() - 2];
+      lines.push_back({add32(before.x, stepX), add32(before.y, stepY)});
+      const POINTAPI& a = lines[lines.size() - 1];
+      const POINTAPI& b = lines[lines.size() - 2];
       bool past;
       if (stepX >= 1)
-        past = a.X > width && b.X > width;
+        past = a.x > width && b.x > width;
       else if (stepX < 0)
-        past = a.X < 0 && b.X < 0;
+        past = a.x < 0 && b.x < 0;
       else if (stepY >= 1)
-        past = a.Y > height && b.Y > height;
+        past = a.y > height && b.y > height;
       else
-        past = a.Y < 0 && b.Y < 0;
+        past = a.y < 0 && b.y < 0;
       if (past) break;
     }
     const int32_t i = static_cast<int32_t>(lines.size());
@@ -146,22 +148,13 @@ int32_t CGradient::DrawGradient(HDC hDC, int32_t width, int32_t height) {
 
     VbArray<int32_t> colours;
     BlendColors(m_Color1, m_Color2, lineCount, colours);
-    // Line j / 2 takes colour j / 2, which is always among the lineCount colours.
-    const int32_t* blend = colours.begin();
 
-    // One pen per line. The count returned is the last j plus 2.
-    GdiApi& g = gdi();
-    int32_t lastJ = 0;
-    for (int32_t j = 0; j + 1 < i; j += 2) {
-      g.MoveToEx(hDC, lines[j].X, lines[j].Y, nullptr);
-      const HPEN pen = g.CreatePen(PS_SOLID, 1, blend[j / 2]);
-      const HGDIOBJ old = g.SelectObject(hDC, pen);
-      g.LineTo(hDC, lines[j + 1].X, lines[j + 1].Y);
-      g.SelectObject(hDC, old);
-      g.DeleteObject(pen);
-      lastJ = j;
-    }
-    return lastJ + 2;
+    // One pen per line (MoveToEx, CreatePen, SelectObject, LineTo, SelectObject back, DeleteObject):
+    // line j / 2 from entries j and j + 1 takes colour j / 2, which is always among the lineCount
+    // colours; an odd last entry starts no line. The count returned is the last j plus 2.
+    const int32_t drawn = i / 2;
+    gdi().PenLines(hDC, lines, std::span<const COLORREF>(colours.begin(), static_cast<size_t>(drawn)));
+    return 2 * drawn;
   } catch (const RuntimeError&) {
     return 0;
   }

@@ -85,6 +85,39 @@ TEST(GdiHandleTable, AFullTableGivesZeroUntilAHandleIsFreed) {
   EXPECT_EQ(table.find(a)->colour, 1);
 }
 
+// Cycling a plain pen count times leaves the table as adding and removing count pens one after
+// another does: the next handles given are the same, from a fresh table and from one with a
+// freed slot.
+TEST(GdiHandleTable, CyclingPensIsAddingAndRemovingThemOneByOne) {
+  for (int32_t freedFirst = 0; freedFirst < 2; ++freedFirst)
+    for (uint32_t count : {1u, 2u, 1921u, 5000u}) {
+      GdiHandleTable cycled, oneByOne;
+      const int32_t keptCycled = cycled.add(brushOf(1)), keptOneByOne = oneByOne.add(brushOf(1));
+      if (freedFirst) {
+        cycled.remove(cycled.add(brushOf(2)));
+        oneByOne.remove(oneByOne.add(brushOf(2)));
+      }
+      ASSERT_TRUE(cycled.cyclePlain(count));
+      for (uint32_t k = 0; k < count; ++k) oneByOne.remove(oneByOne.addPlain(GdiObject::Kind::Pen, 0, 1, 7));
+      EXPECT_EQ(cycled.add(brushOf(3)), oneByOne.add(brushOf(3))) << count;
+      EXPECT_EQ(cycled.add(brushOf(4)), oneByOne.add(brushOf(4))) << count;
+      EXPECT_EQ(cycled.find(keptCycled)->colour, 1);
+      EXPECT_EQ(oneByOne.find(keptOneByOne)->colour, 1);
+    }
+}
+
+TEST(GdiHandleTable, AFullTableCyclesNothing) {
+  GdiHandleTable table(1);
+  const int32_t only = table.add(brushOf(1));
+  EXPECT_FALSE(table.cyclePlain(10));
+  EXPECT_TRUE(table.cyclePlain(0));
+  table.remove(only);
+  const int32_t next = table.add(brushOf(2));
+  EXPECT_NE(next, 0);
+  EXPECT_TRUE(table.cyclePlain(0)) << "nothing to cycle needs no room";
+  EXPECT_FALSE(table.cyclePlain(1));
+}
+
 TEST(GdiHandleTable, HandlesStayPositiveThroughEveryGeneration) {
   GdiHandleTable table(1);
   int32_t previous = 0;

@@ -85,6 +85,33 @@ TEST(Checked, RoundingConversions) {
   EXPECT_RUNTIME_ERROR(CSng(1e39), 6);
 }
 
+// CLng rounds small values without the library call; it must give what the library's rounding
+// gives, ties to even included, up to the ends of the 32-bit range.
+TEST(Checked, LongRoundingMatchesTheLibrarysAtEveryTie) {
+  int compared = 0;
+  for (double base : {0.0, 1.0, 2.0, 1e3, 65535.0, 1e6, 16777216.0, 1073741824.0, 2147483640.0}) {
+    for (double k = -8; k <= 8; ++k)
+      for (double fraction : {0.0, 0.25, 0.5, 0.75, 0.49999999999999994}) {
+        for (double v : {base + k + fraction, -(base + k + fraction)}) {
+          const double library = std::nearbyint(v);
+          if (library >= -2147483648.0 && library <= 2147483647.0)
+            EXPECT_EQ(CLng(v), static_cast<int32_t>(library)) << v;
+          else
+            EXPECT_RUNTIME_ERROR(CLng(v), 6);
+          ++compared;
+        }
+      }
+  }
+  EXPECT_EQ(compared, 9 * 17 * 5 * 2);
+  EXPECT_EQ(CLng(2.5), 2);
+  EXPECT_EQ(CLng(-3.5), -4);
+  EXPECT_EQ(CLng(2147483646.5), 2147483646);
+  EXPECT_EQ(CLng(-2147483648.5), -2147483648);
+  EXPECT_RUNTIME_ERROR(CLng(-2147483649.5), 6);
+  EXPECT_RUNTIME_ERROR(CLng(2251799813685248.5), 6);
+  EXPECT_RUNTIME_ERROR(CLng(std::numeric_limits<double>::infinity()), 6);
+}
+
 TEST(Checked, RoundingKeepsTiesToEvenAtEveryMagnitude) {
   // Near and beyond 2^51, where the quick rounding hands over to the library's.
   EXPECT_EQ(roundHalfEven(2251799813685247.5), 2251799813685248.0);

@@ -53,6 +53,12 @@ class CORVANE_API GdiApi {
   virtual bool Rectangle(HDC hdc, int32_t left, int32_t top, int32_t right, int32_t bottom) = 0;
   virtual bool MoveToEx(HDC hdc, int32_t x, int32_t y, POINTAPI* previous) = 0;
   virtual bool LineTo(HDC hdc, int32_t x, int32_t y) = 0;  // end point excluded
+  // Lines of one pen each, as a painter sweeping a gradient draws them: line k runs from ends[2k]
+  // to ends[2k + 1] in colours[k] (the shorter list decides how many), and is drawn by MoveToEx,
+  // CreatePen(PS_SOLID, 1, colour), SelectObject, LineTo, SelectObject of the pen it replaced and
+  // DeleteObject. This default makes exactly those calls; an implementation may take a faster way
+  // to the same pixels, state, handles and recorded calls.
+  virtual void PenLines(HDC hdc, std::span<const POINTAPI> ends, std::span<const COLORREF> colours);
   virtual COLORREF SetPixel(HDC hdc, int32_t x, int32_t y, COLORREF colour) = 0;
   virtual COLORREF GetPixel(HDC hdc, int32_t x, int32_t y) = 0;  // -1 outside
   virtual bool BitBlt(HDC dest, int32_t x, int32_t y, int32_t width, int32_t height, HDC src, int32_t srcX,
