@@ -2,6 +2,7 @@
 #include "desktop/gdi.h"
 
 #include <algorithm>
+#include <atomic>
 #include <charconv>
 #include <climits>
 #include <cstring>
@@ -254,10 +255,16 @@ bool DesktopGdi::brushColour(const DcState& state, HBRUSH brush, COLORREF& colou
   return true;
 }
 
+uint64_t DesktopGdi::nextResolutionSerial() {
+  static std::atomic<uint64_t> last{0};
+  return ++last;
+}
+
 void DesktopGdi::setPixelsPerInch(int32_t x, int32_t y) {
   const int32_t oldDpiY = m_dpiY;
   m_dpiX = std::max(x, 1);
   m_dpiY = std::max(y, 1);
+  m_resolutionSerial = nextResolutionSerial();
   // Contexts holding the stock font keep the one of the old resolution, as if it had been made.
   GdiObject& font = *m_handles.find(m_stockFont);
   if (m_dpiY == oldDpiY) return;

@@ -59,6 +59,7 @@ class DesktopGdi : public GdiApi {
   // Resolution for GetDeviceCaps(LOGPIXELSX/Y) and for font sizes in points (96: 15 twips to a
   // pixel). Fonts made before keep their size.
   void setPixelsPerInch(int32_t x, int32_t y);
+  uint64_t resolutionSerial() const override { return m_resolutionSerial; }
   bool stockFontMade() const { return m_handles.find(m_stockFont)->font != nullptr; }  // for tests
   // Loaded pictures (bitmaps and icons) that are alive; not part of liveObjectCount.
   int32_t liveImageCount() const { return m_liveImages; }
@@ -177,6 +178,8 @@ class DesktopGdi : public GdiApi {
   SysColors m_colours;
   GdiHandleTable m_handles;
   std::unordered_map<HDC, std::unique_ptr<DcState>> m_dcs;
+  uint64_t m_resolutionSerial = nextResolutionSerial();
+  static uint64_t nextResolutionSerial();
   int32_t m_liveObjects = 0, m_liveImages = 0, m_liveKeys = 0, m_recording = 0;
   uint64_t m_measuredTextBytes = 0;
   int32_t m_dpiX = 96, m_dpiY = 96;

@@ -8,19 +8,37 @@ namespace corvane {
 namespace {
 // A capability of the screen. The context on the screen is kept for the process; when the
 // platform was replaced (tests make a new desktop), the old handle answers 0 and a new one is taken.
-int32_t screenCaps(int32_t index) {
+int32_t screenCaps(GdiApi& g, int32_t index) {
   static HDC screenDc = 0;
-  int32_t v = screenDc ? gdi().GetDeviceCaps(screenDc, index) : 0;
+  int32_t v = screenDc ? g.GetDeviceCaps(screenDc, index) : 0;
   if (v == 0) {
-    screenDc = gdi().GetDC(0);
-    v = gdi().GetDeviceCaps(screenDc, index);
+    screenDc = g.GetDC(0);
+    v = g.GetDeviceCaps(screenDc, index);
   }
   return v;
 }
+
+// The screen's pixels per inch across and down, kept while the drawing side's resolution serial
+// stays the same: every measure in twips asks for them.
+struct Resolution {
+  uint64_t serial = 0;
+  int32_t x = 0, y = 0;
+};
+
+const Resolution& resolution() {
+  static Resolution kept;
+  GdiApi& g = gdi();
+  const uint64_t serial = g.resolutionSerial();
+  if (serial == 0 || serial != kept.serial) {
+    kept = {serial, screenCaps(g, LOGPIXELSX), screenCaps(g, LOGPIXELSY)};
+    if (kept.x <= 0 || kept.y <= 0) kept.serial = 0;  // no answer is not kept
+  }
+  return kept;
+}
 }  // namespace
 
-int32_t Screen::pixelsPerInchX() { return screenCaps(LOGPIXELSX); }
-int32_t Screen::pixelsPerInchY() { return screenCaps(LOGPIXELSY); }
+int32_t Screen::pixelsPerInchX() { return resolution().x; }
+int32_t Screen::pixelsPerInchY() { return resolution().y; }
 
 Screen& Screen::instance() {
   static Screen s;

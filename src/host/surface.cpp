@@ -368,16 +368,17 @@ void Surface::PaintPicture(const PictureRef& picture, float x, float y, float wi
 void Surface::selectFont() { gdi().SetDCFont(m_hdc, m_font->desc()); }
 
 float Surface::TextWidth(const std::string& text) {
-  selectFont();
+  GdiApi& g = gdi();
+  g.SetDCFont(m_hdc, m_font->desc());
   int32_t widest = 0;
   SIZE s;
   if (text.find('\n') == std::string::npos && text.find('\r') == std::string::npos) {
     // One line, measured as it is (the searches are the C library's, a word's length in a step).
-    gdi().GetTextExtentPoint32A(m_hdc, text, s);
+    g.GetTextExtentPoint32A(m_hdc, text, s);
     widest = s.cx;
   } else {
     for (const std::string& line : splitLines(text)) {
-      gdi().GetTextExtentPoint32A(m_hdc, line, s);
+      g.GetTextExtentPoint32A(m_hdc, line, s);
       widest = std::max(widest, s.cx);
     }
   }

@@ -58,6 +58,23 @@ TEST_F(HostTest, TwipsPerPixelAreReadFromTheScreenAtEachUse) {
   EXPECT_FLOAT_EQ(Screen::instance().TwipsPerPixelY(), 12);
 }
 
+// The screen's resolution is kept between uses, but never across desktops: one made where the last
+// one was (the same address) still has its own.
+TEST_F(HostTest, TwipsPerPixelFollowAReplacedDesktop) {
+  EXPECT_FLOAT_EQ(Screen::instance().TwipsPerPixelX(), 15);
+  for (int32_t twips : {10, 12, 10}) {
+    Desktop::Options o;
+    o.twipsPerPixelX = twips;
+    o.twipsPerPixelY = twips * 2;
+    auto other = std::make_unique<Desktop>(o);
+    setPlatform(other.get());
+    EXPECT_FLOAT_EQ(Screen::instance().TwipsPerPixelX(), static_cast<float>(twips));
+    EXPECT_FLOAT_EQ(Screen::instance().TwipsPerPixelY(), static_cast<float>(twips * 2));
+    setPlatform(&desktop());
+  }
+  EXPECT_FLOAT_EQ(Screen::instance().TwipsPerPixelX(), 15);
+}
+
 TEST_F(HostTest, ExtenderPlacesTheControlInTheContainersScale) {
   auto c = form->add("PictureBox", "Pic1", nullptr, 300, 150, 1500, 750);
   RECT r;

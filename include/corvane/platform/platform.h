@@ -24,6 +24,10 @@ class CORVANE_API GdiApi {
   virtual HDC CreateCompatibleDC(HDC hdc) = 0;
   virtual bool DeleteDC(HDC hdc) = 0;
   virtual int32_t GetDeviceCaps(HDC hdc, int32_t index) = 0;
+  // A number that changes whenever the pixels per inch GetDeviceCaps reports may have changed, and
+  // that no other drawing side in the process gives: callers may keep what they derived from the
+  // resolution while it stays the same. 0 (this default) keeps nothing: ask every time.
+  virtual uint64_t resolutionSerial() const { return 0; }
   virtual HPALETTE SelectPalette(HDC hdc, HPALETTE pal, bool forceBackground) = 0;
   virtual int32_t RealizePalette(HDC hdc) = 0;
 
