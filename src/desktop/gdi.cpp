@@ -188,8 +188,7 @@ void DesktopGdi::removeDc(HDC hdc) {
   removeObject(own);
 }
 
-DcState* DesktopGdi::dc(HDC hdc) {
-  if (hdc == m_lastHdc && m_lastDc) return m_lastDc;
+DcState* DesktopGdi::findDc(HDC hdc) {
   if (hdc == m_otherHdc && m_otherDc) {
     std::swap(m_lastHdc, m_otherHdc);
     std::swap(m_lastDc, m_otherDc);
@@ -448,6 +447,11 @@ void DesktopGdi::SetDCFont(HDC hdc, const FontSpec& font) {
   if (d->recording) record(*d, "SetDCFont", font);
   // The font already selected again (as surfaces do before each text call): nothing to look up.
   if (d->ownFont && d->font == d->ownFont && d->ownDpi == m_dpiY && d->ownSpec == font) return;
+  makeOwnFont(*d, font);
+}
+
+void DesktopGdi::makeOwnFont(DcState& state, const FontSpec& font) {
+  DcState* d = &state;
   std::shared_ptr<TextFont> made = m_fonts.font(font, m_dpiY);
   if (!d->ownFont) {
     GdiObject own(GdiObject::Kind::Font);

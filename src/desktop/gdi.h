@@ -146,7 +146,12 @@ class DesktopGdi : public GdiApi {
   int32_t openKeyHandles() const { return m_liveKeys; }
 
  private:
-  DcState* dc(HDC hdc);
+  // The state of a context; the one used last is found inline, as nearly every call asks for it.
+  DcState* dc(HDC hdc) { return hdc == m_lastHdc && m_lastDc ? m_lastDc : findDc(hdc); }
+  DcState* findDc(HDC hdc);
+  // Makes or finds the font SetDCFont asked for and selects it as the context's own: apart, so
+  // that selecting the same font again stays a short call.
+  [[gnu::noinline]] void makeOwnFont(DcState& state, const FontSpec& font);
   GdiObject* object(int32_t handle);
   const GdiObject* picture(int32_t handle);  // a loaded picture or a bitmap
   int32_t addObject(GdiObject object);

@@ -3,6 +3,8 @@
 
 #include <corvane/platform/api.h>
 
+#include "host/screen_resolution.h"
+
 namespace corvane {
 
 namespace {
@@ -17,36 +19,25 @@ int32_t screenCaps(GdiApi& g, int32_t index) {
   }
   return v;
 }
-
-// The screen's pixels per inch across and down, kept while the drawing side's resolution serial
-// stays the same: every measure in twips asks for them.
-struct Resolution {
-  uint64_t serial = 0;
-  int32_t x = 0, y = 0;
-};
-
-const Resolution& resolution() {
-  static Resolution kept;
-  GdiApi& g = gdi();
-  const uint64_t serial = g.resolutionSerial();
-  if (serial == 0 || serial != kept.serial) {
-    kept = {serial, screenCaps(g, LOGPIXELSX), screenCaps(g, LOGPIXELSY)};
-    if (kept.x <= 0 || kept.y <= 0) kept.serial = 0;  // no answer is not kept
-  }
-  return kept;
-}
 }  // namespace
 
-int32_t Screen::pixelsPerInchX() { return resolution().x; }
-int32_t Screen::pixelsPerInchY() { return resolution().y; }
+const ScreenResolution& ScreenResolution::refresh(GdiApi& g, uint64_t serial) {
+  ScreenResolution& kept = g_keptScreenResolution;
+  kept = {serial, screenCaps(g, LOGPIXELSX), screenCaps(g, LOGPIXELSY)};
+  if (kept.x <= 0 || kept.y <= 0) kept.serial = 0;  // no answer is not kept
+  return kept;
+}
+
+int32_t Screen::pixelsPerInchX() { return ScreenResolution::current().x; }
+int32_t Screen::pixelsPerInchY() { return ScreenResolution::current().y; }
 
 Screen& Screen::instance() {
   static Screen s;
   return s;
 }
 
-float Screen::TwipsPerPixelX() const { return 1440.0f / static_cast<float>(pixelsPerInchX()); }
-float Screen::TwipsPerPixelY() const { return 1440.0f / static_cast<float>(pixelsPerInchY()); }
+float Screen::TwipsPerPixelX() const { return screenTwipsPerPixelX(); }
+float Screen::TwipsPerPixelY() const { return screenTwipsPerPixelY(); }
 float Screen::Width() const { return static_cast<float>(user().GetSystemMetrics(SM_CXSCREEN)) * TwipsPerPixelX(); }
 float Screen::Height() const { return static_cast<float>(user().GetSystemMetrics(SM_CYSCREEN)) * TwipsPerPixelY(); }
 

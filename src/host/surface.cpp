@@ -7,6 +7,8 @@
 #include <corvane/platform/api.h>
 #include <corvane/runtime/checked.h>
 
+#include "host/screen_resolution.h"
+
 namespace corvane {
 
 namespace {
@@ -74,12 +76,12 @@ void Surface::setFont(FontRef f) {
 float Surface::Width() const {
   RECT r;
   user().GetWindowRect(m_hWnd, r);
-  return static_cast<float>(r.Right - r.Left) * Screen::instance().TwipsPerPixelX();
+  return static_cast<float>(r.Right - r.Left) * screenTwipsPerPixelX();
 }
 float Surface::Height() const {
   RECT r;
   user().GetWindowRect(m_hWnd, r);
-  return static_cast<float>(r.Bottom - r.Top) * Screen::instance().TwipsPerPixelY();
+  return static_cast<float>(r.Bottom - r.Top) * screenTwipsPerPixelY();
 }
 
 int32_t Surface::pixelWidth() const {
@@ -99,7 +101,7 @@ void Surface::setWidth(float twips) {
   user().GetWindowRect(m_hWnd, r);
   POINTAPI p{r.Left, r.Top};
   if (HWND parent = user().GetParent(m_hWnd)) user().ScreenToClient(parent, p);
-  user().MoveWindow(m_hWnd, p.x, p.y, CLng(twips / Screen::instance().TwipsPerPixelX()), r.Bottom - r.Top, true);
+  user().MoveWindow(m_hWnd, p.x, p.y, CLng(twips / screenTwipsPerPixelX()), r.Bottom - r.Top, true);
 }
 
 void Surface::setHeight(float twips) {
@@ -107,12 +109,12 @@ void Surface::setHeight(float twips) {
   user().GetWindowRect(m_hWnd, r);
   POINTAPI p{r.Left, r.Top};
   if (HWND parent = user().GetParent(m_hWnd)) user().ScreenToClient(parent, p);
-  user().MoveWindow(m_hWnd, p.x, p.y, r.Right - r.Left, CLng(twips / Screen::instance().TwipsPerPixelY()), true);
+  user().MoveWindow(m_hWnd, p.x, p.y, r.Right - r.Left, CLng(twips / screenTwipsPerPixelY()), true);
 }
 
 float Surface::twipsPerUnit(int16_t mode, bool horizontal) {
   switch (mode) {
-    case Pixels: return horizontal ? Screen::instance().TwipsPerPixelX() : Screen::instance().TwipsPerPixelY();
+    case Pixels: return horizontal ? screenTwipsPerPixelX() : screenTwipsPerPixelY();
     case HiMetric: return kTwipsPerHiMetric;
     default: return 1.0f;  // twips
   }
@@ -120,12 +122,12 @@ float Surface::twipsPerUnit(int16_t mode, bool horizontal) {
 
 float Surface::unitsPerPixelX() const {
   if (m_scaleMode == User) return m_userWidth / static_cast<float>(std::max(pixelWidth(), 1));
-  return Screen::instance().TwipsPerPixelX() / twipsPerUnit(m_scaleMode, true);
+  return screenTwipsPerPixelX() / twipsPerUnit(m_scaleMode, true);
 }
 
 float Surface::unitsPerPixelY() const {
   if (m_scaleMode == User) return m_userHeight / static_cast<float>(std::max(pixelHeight(), 1));
-  return Screen::instance().TwipsPerPixelY() / twipsPerUnit(m_scaleMode, false);
+  return screenTwipsPerPixelY() / twipsPerUnit(m_scaleMode, false);
 }
 
 void Surface::setScaleMode(int16_t mode) {
@@ -275,7 +277,7 @@ float Surface::fromPixelY(int32_t py) const { return static_cast<float>(py) * un
 float Surface::scaleBetween(float value, int16_t from, int16_t to, bool horizontal) const {
   if (from == -1) from = m_scaleMode;
   if (to == -1) to = m_scaleMode;
-  const float twipsPerPixel = horizontal ? Screen::instance().TwipsPerPixelX() : Screen::instance().TwipsPerPixelY();
+  const float twipsPerPixel = horizontal ? screenTwipsPerPixelX() : screenTwipsPerPixelY();
   const float userPerPixel = horizontal ? unitsPerPixelX() : unitsPerPixelY();
   auto unitsPerPixel = [&](int16_t mode) {
     return mode == User ? userPerPixel : mode == Pixels ? 1.0f : twipsPerPixel;  // not for HiMetric
@@ -370,17 +372,19 @@ void Surface::selectFont() { gdi().SetDCFont(m_hdc, m_font->desc()); }
 float Surface::TextWidth(const std::string& text) {
   GdiApi& g = gdi();
   g.SetDCFont(m_hdc, m_font->desc());
+  SIZE s;
+  // One line is measured as it is (the searches are the C library's, a word's length in a step).
+  if (text.find('\n') != std::string::npos || text.find('\r') != std::string::npos) return widestLine(g, text);
+  g.GetTextExtentPoint32A(m_hdc, text, s);
+  return static_cast<float>(s.cx) * unitsPerPixelX();
+}
+
+float Surface::widestLine(GdiApi& g, const std::string& text) {
   int32_t widest = 0;
   SIZE s;
-  if (text.find('\n') == std::string::npos && text.find('\r') == std::string::npos) {
-    // One line, measured as it is (the searches are the C library's, a word's length in a step).
-    g.GetTextExtentPoint32A(m_hdc, text, s);
-    widest = s.cx;
-  } else {
-    for (const std::string& line : splitLines(text)) {
-      g.GetTextExtentPoint32A(m_hdc, line, s);
-      widest = std::max(widest, s.cx);
-    }
+  for (const std::string& line : splitLines(text)) {
+    g.GetTextExtentPoint32A(m_hdc, line, s);
+    widest = std::max(widest, s.cx);
   }
   return static_cast<float>(widest) * unitsPerPixelX();
 }

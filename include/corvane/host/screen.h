@@ -7,7 +7,8 @@
 
 namespace corvane {
 
-// The system's Screen object. Twips per pixel are read from the platform at every call.
+// The system's Screen object. Twips per pixel follow the platform's resolution: they are read
+// again whenever the drawing side's resolution serial says it may have changed.
 class CORVANE_API Screen : public Object {
  public:
   static Screen& instance();
@@ -16,7 +17,7 @@ class CORVANE_API Screen : public Object {
   float TwipsPerPixelX() const;
   float TwipsPerPixelY() const;
   float Width() const;   // twips
-  // The screen's resolution, asked of the platform at each call.
+  // The screen's resolution, asked of the platform whenever it may have changed.
   static int32_t pixelsPerInchX();
   static int32_t pixelsPerInchY();
   float Height() const;  // twips

@@ -12,6 +12,8 @@
 
 namespace corvane {
 
+class GdiApi;
+
 // The drawing target of a form, a picture box or a control: a window with its device context,
 // colours, font, an inner coordinate system (scale) and the drawing methods of the form engine.
 // Coordinates of the methods are in the surface's own scale; host geometry is in twips.
@@ -136,6 +138,7 @@ class CORVANE_API Surface {
   float unitsPerPixelY() const;
   static float twipsPerUnit(int16_t mode, bool horizontal);
   void selectFont();
+  float widestLine(GdiApi& g, const std::string& text);  // TextWidth of a text of several lines
   int16_t shiftState() const;
   void eraseGrownArea();
   // Cuts the window to the mask when transparency applies, and gives it back its full shape when

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+#include <cstdint>
+
+#include <corvane/platform/api.h>
+
+namespace corvane {
+
+// The screen's pixels per inch across and down, kept while the drawing side's resolution serial
+// stays the same. Inline, as every measure in twips asks for them.
+struct ScreenResolution {
+  uint64_t serial = 0;
+  int32_t x = 0, y = 0;
+
+  static const ScreenResolution& current();
+  // Asks the screen's context again and keeps the answer under the serial.
+  static const ScreenResolution& refresh(GdiApi& g, uint64_t serial);
+};
+
+inline ScreenResolution g_keptScreenResolution;
+
+inline const ScreenResolution& ScreenResolution::current() {
+  GdiApi& g = gdi();
+  const uint64_t serial = g.resolutionSerial();
+  return serial != 0 && serial == g_keptScreenResolution.serial ? g_keptScreenResolution : refresh(g, serial);
+}
+
+inline float screenTwipsPerPixelX() { return 1440.0f / static_cast<float>(ScreenResolution::current().x); }
+inline float screenTwipsPerPixelY() { return 1440.0f / static_cast<float>(ScreenResolution::current().y); }
+
+}  // namespace corvane
