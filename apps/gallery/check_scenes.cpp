@@ -23,10 +23,22 @@ std::shared_ptr<VexCheck> addCheck(Form& f, const std::string& name, const std::
 }
 
 // A mouse move as the control's window gets it, with or without the left button (MK_LBUTTON), so
-// that several controls can show their hover or pressed look in one picture.
+// that several controls can show their hover or pressed look in one picture. The real cursor rests
+// on the form (see restCursorOn), as the control asks what lies under it.
 void sendMove(const VexCheck& c, bool leftButton) {
   const int32_t x = 4, y = 4;
   user().SendMessageA(c.hWnd(), wm::MOUSEMOVE, leftButton ? 1 : 0, (y << 16) | x);
+}
+
+// Puts the cursor on an empty corner of the form: a control that gets a move asks which window is
+// under the cursor and holds back when that window has the capture, which is so when the cursor
+// is over no window at all and nothing has the capture.
+void restCursorOn(const Form& f) {
+  RECT client{};
+  user().GetClientRect(f.hWnd(), client);
+  POINTAPI corner{client.Right - 2, client.Bottom - 2};
+  user().ClientToScreen(f.hWnd(), corner);
+  user().SetCursorPos(corner.x, corner.y);
 }
 }  // namespace
 
@@ -44,6 +56,7 @@ std::vector<Scene> checkScenes() {
          const CheckState states[] = {Unchecked, Checked, Mixed};
          const char* stateNames[] = {"Unchecked", "Checked", "Mixed"};
          const char* lookNames[] = {"normal", "hover", "pressed", "disabled"};
+         restCursorOn(*f);
          for (int row = 0; row < 3; ++row) {
            for (int col = 0; col < 4; ++col) {
              std::string caption = std::string(stateNames[row]) + ", " + lookNames[col];
