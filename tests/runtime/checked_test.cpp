@@ -85,8 +85,8 @@ TEST(Checked, RoundingConversions) {
   EXPECT_RUNTIME_ERROR(CSng(1e39), 6);
 }
 
-// CLng rounds small values without the library call; it must give what the library's rounding
-// gives, ties to even included, up to the ends of the 32-bit range.
+// CLng gives what the library's rounding gives, ties to even included, up to the ends of the
+// 32-bit range, and error 6 beyond them.
 TEST(Checked, LongRoundingMatchesTheLibrarysAtEveryTie) {
   int compared = 0;
   for (double base : {0.0, 1.0, 2.0, 1e3, 65535.0, 1e6, 16777216.0, 1073741824.0, 2147483640.0}) {

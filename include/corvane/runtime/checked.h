@@ -30,12 +30,7 @@ T checkedRange(double v) {
 
 // CInt, CLng, CByte: rounding conversions with range check.
 inline int16_t CInt(double v) { return checkedRange<int16_t>(roundHalfEven(v)); }
-inline int32_t CLng(double v) {
-  // Below 2^51 in size, adding and taking away 1.5 * 2^52 leaves the integer the current rounding
-  // gives (to nearest, ties to even), as the library call does, without the call.
-  if (std::fabs(v) < 0x1p51) return static_cast<int32_t>(checkedRange<int32_t>((v + 0x1.8p52) - 0x1.8p52));
-  return checkedRange<int32_t>(roundHalfEven(v));
-}
+inline int32_t CLng(double v) { return checkedRange<int32_t>(roundHalfEven(v)); }
 inline uint8_t CByte(double v) { return checkedRange<uint8_t>(roundHalfEven(v)); }
 inline float CSng(double v) {
   if (std::isfinite(v) && std::fabs(v) > std::numeric_limits<float>::max()) raiseOverflow();
