@@ -451,7 +451,7 @@ void DesktopGdi::SetDCFont(HDC hdc, const FontSpec& font) {
 }
 
 void DesktopGdi::makeOwnFont(DcState& state, const FontSpec& font) {
-  DcState* d = &state;
+  DcState* d = &state;  // as in the other calls
   std::shared_ptr<TextFont> made = m_fonts.font(font, m_dpiY);
   if (!d->ownFont) {
     GdiObject own(GdiObject::Kind::Font);

@@ -59,10 +59,11 @@ TextFont::TextFont(PangoContext* context, const std::string& family, int32_t pix
 bool TextFont::readFaceMetrics() {
   // What Pango's metrics hold but without the sample sentence Pango lays out for the average
   // width, which is what makes them slow: ascent and descent as the face gives them, in whole
-  // pixels rounded up, and the line positions from the face's tables. A
-  // transformed or unhinted face, or one without those tables, is left to Pango.
-  auto* fc = PANGO_FC_FONT(m_primary);
-  if (!PANGO_IS_FC_FONT(m_primary) || fc->is_transformed || !fc->is_hinted) return false;
+  // pixels rounded up, and the line positions from the face's tables. A transformed or unhinted
+  // face, or one without those tables, is left to Pango.
+  if (!PANGO_IS_FC_FONT(m_primary)) return false;
+  const PangoFcFont* fc = PANGO_FC_FONT(m_primary);
+  if (fc->is_transformed || !fc->is_hinted) return false;
   hb_font_t* face = pango_font_get_hb_font(m_primary);
   hb_position_t underlineSize = 0, underlineOffset = 0, strikeSize = 0, strikeOffset = 0;
   if (!face || !hb_ot_metrics_get_position(face, HB_OT_METRICS_TAG_UNDERLINE_SIZE, &underlineSize) ||
