@@ -126,22 +126,21 @@ int32_t CGradient::DrawGradient(HDC hDC, int32_t width, int32_t height) {
     lines.push_back({CLng(xOff + pt[0].X), CLng(yOff + pt[0].Y)});
     lines.push_back({CLng(xOff + pt[1].X), CLng(yOff + pt[1].Y)});
     // The sweep ends at the first entry after which the two latest entries lie past the far
-    // border; that can be the start or the end of a line.
+    // border; that can be the start or the end of a line. Each entry is the one two before it,
+    // moved one step.
+    auto pastFarBorder = [&](const POINTAPI& p) {
+      if (stepX >= 1) return p.x > width;
+      if (stepX < 0) return p.x < 0;
+      if (stepY >= 1) return p.y > height;
+      return p.y < 0;
+    };
+    POINTAPI older = lines[0], newer = lines[1];
     for (;;) {
-      const POINTAPI& before = lines[lines.size() - 2];
-      lines.push_back({add32(before.x, stepX), add32(before.y, stepY)});
-      const POINTAPI& a = lines[lines.size() - 1];
-      const POINTAPI& b = lines[lines.size() - 2];
-      bool past;
-      if (stepX >= 1)
-        past = a.x > width && b.x > width;
-      else if (stepX < 0)
-        past = a.x < 0 && b.x < 0;
-      else if (stepY >= 1)
-        past = a.y > height && b.y > height;
-      else
-        past = a.y < 0 && b.y < 0;
-      if (past) break;
+      const POINTAPI next{add32(older.x, stepX), add32(older.y, stepY)};
+      lines.push_back(next);
+      older = newer;
+      newer = next;
+      if (pastFarBorder(newer) && pastFarBorder(older)) break;
     }
     const int32_t i = static_cast<int32_t>(lines.size());
     const int32_t lineCount = CLng(i / 2.0);  // an odd count rounds to even
