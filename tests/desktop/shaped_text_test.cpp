@@ -22,6 +22,14 @@ FontSpec face(const std::string& name, double size) {
   return f;
 }
 
+// A face in one of the four styles: bit 0 bold, bit 1 italic.
+FontSpec styled(const std::string& name, double size, int style) {
+  FontSpec f = face(name, size);
+  f.bold = style & 1;
+  f.italic = style & 2;
+  return f;
+}
+
 // Where a drawing left ink: its box and how many pixels.
 struct Ink {
   RECT box{0, 0, -1, -1};
@@ -191,10 +199,7 @@ TEST_F(ShapedText, AsciiAdvancesAreEachCharactersOwn) {
   for (const char* name : {"MS Sans Serif", "Arial", "Times New Roman", "Courier New", "Tahoma", "Marlett", "WenQuanYi Micro Hei"})
     for (double points : {1.0, 8.25, 10.0, 12.0, 19.5, 36.0})
       for (int style = 0; style < 4; ++style) {
-        FontSpec spec = face(name, points);
-        spec.bold = style & 1;
-        spec.italic = style & 2;
-        auto f = cache.font(spec, 96);
+        auto f = cache.font(styled(name, points, style), 96);
         for (char c = 0x20; c < 0x7F; ++c)
           ASSERT_EQ(f->advance(static_cast<char32_t>(c)), f->layoutSize(std::string(1, c)).cx)
               << name << " " << points << " style " << style << " '" << c << "'";
@@ -208,10 +213,7 @@ TEST_F(ShapedText, TheMetricsAreThoseOfPango) {
   for (const char* name : {"MS Sans Serif", "Arial", "Times New Roman", "Courier New", "WenQuanYi Micro Hei", "Wingdings"})
     for (double points = 1; points <= 72; points += 2.75)
       for (int style = 0; style < 4; ++style) {
-        FontSpec spec = face(name, points);
-        spec.bold = style & 1;
-        spec.italic = style & 2;
-        auto f = cache.font(spec, 96);
+        auto f = cache.font(styled(name, points, style), 96);
         ASSERT_NE(f->pangoFont(), nullptr);
         PangoFontMetrics* m = pango_font_get_metrics(f->pangoFont(), nullptr);
         const std::string what = std::string(name) + " " + std::to_string(points) + " style " + std::to_string(style);
