@@ -451,23 +451,22 @@ void DesktopGdi::SetDCFont(HDC hdc, const FontSpec& font) {
 }
 
 void DesktopGdi::makeOwnFont(DcState& state, const FontSpec& font) {
-  DcState* d = &state;  // as in the other calls
   std::shared_ptr<TextFont> made = m_fonts.font(font, m_dpiY);
-  if (!d->ownFont) {
+  if (!state.ownFont) {
     GdiObject own(GdiObject::Kind::Font);
     own.dcOwned = true;
-    d->ownFont = addObject(std::move(own));
-    if (!d->ownFont) return;  // the handle table is full: the context keeps the font it has
+    state.ownFont = addObject(std::move(own));
+    if (!state.ownFont) return;  // the handle table is full: the context keeps the font it has
   }
-  GdiObject& own = *m_handles.find(d->ownFont);
+  GdiObject& own = *m_handles.find(state.ownFont);
   own.fontSpec = font;
   own.font = made;
-  d->font = d->ownFont;
-  d->ownSpec = font;
-  d->ownDpi = m_dpiY;
-  d->textFont = std::move(made);
-  d->underline = font.underline;
-  d->strikethrough = font.strikethrough;
+  state.font = state.ownFont;
+  state.ownSpec = font;
+  state.ownDpi = m_dpiY;
+  state.textFont = std::move(made);
+  state.underline = font.underline;
+  state.strikethrough = font.strikethrough;
 }
 
 bool DesktopGdi::DeleteObject(HGDIOBJ obj) {

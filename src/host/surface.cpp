@@ -372,9 +372,9 @@ void Surface::selectFont() { gdi().SetDCFont(m_hdc, m_font->desc()); }
 float Surface::TextWidth(const std::string& text) {
   GdiApi& g = gdi();
   g.SetDCFont(m_hdc, m_font->desc());
-  SIZE s;
   // One line is measured as it is (the searches are the C library's, a word's length in a step).
   if (text.find('\n') != std::string::npos || text.find('\r') != std::string::npos) return widestLine(g, text);
+  SIZE s;
   g.GetTextExtentPoint32A(m_hdc, text, s);
   return static_cast<float>(s.cx) * unitsPerPixelX();
 }
