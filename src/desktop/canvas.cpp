@@ -38,6 +38,26 @@ void Canvas::startColumns(int32_t x, int32_t top, int32_t bottom, uint32_t argb)
   m_columnColours[static_cast<size_t>(x)] = argb;
 }
 
+void Canvas::columns(int32_t x, int32_t direction, int32_t top, int32_t bottom, std::span<const COLORREF> colours) {
+  if (colours.empty()) return;
+  column(x, top, bottom, toArgb(colours[0]));
+  const size_t rest = colours.size() - 1;
+  // The rest extend the gathered columns on the side of x, unless x went to the other side.
+  if (direction > 0 && m_columnsRight == x + 1) {
+    uint32_t* to = m_columnColours.data() + m_columnsRight;
+    for (size_t j = 0; j < rest; ++j) to[j] = toArgb(colours[j + 1]);
+    m_columnsRight += static_cast<int32_t>(rest);
+  } else if (direction < 0 && m_columnsLeft == x) {
+    uint32_t* to = m_columnColours.data() + m_columnsLeft - 1;
+    for (size_t j = 0; j < rest; ++j) *(to - j) = toArgb(colours[j + 1]);
+    m_columnsLeft -= static_cast<int32_t>(rest);
+  } else {
+    for (size_t j = 0; j < rest; ++j) column(x + static_cast<int32_t>(j + 1) * direction, top, bottom, toArgb(colours[j + 1]));
+    return;
+  }
+  m_version += rest;
+}
+
 void Canvas::writeColumns() const {
   const int32_t left = m_columnsLeft, count = m_columnsRight - m_columnsLeft;
   m_columnsLeft = m_columnsRight = 0;  // first, so that nothing below settles again

@@ -3,6 +3,7 @@
 #include <cairo.h>
 
 #include <cstdint>
+#include <span>
 #include <vector>
 
 #include <corvane/platform/types.h>
@@ -65,6 +66,9 @@ class Canvas {
     }
     startColumns(x, top, bottom, argb);
   }
+  // Columns x, x + direction, x + 2 * direction and so on (direction 1 or -1), one per colour
+  // given as &H00BBGGRR, all on the canvas: the same as column() for each in turn.
+  void columns(int32_t x, int32_t direction, int32_t top, int32_t bottom, std::span<const COLORREF> colours);
   COLORREF pixel(int32_t x, int32_t y) const;      // as &H00BBGGRR, -1 outside
   void setPixel(int32_t x, int32_t y, COLORREF c);  // opaque
   void fill(COLORREF c);
@@ -76,9 +80,8 @@ class Canvas {
   // any number of writes.
   void markDirty() { m_cairoStale = true; }
 
-  static uint32_t toArgb(COLORREF c) {
-    return 0xFF000000u | ((c & 0xFF) << 16) | (c & 0xFF00) | ((c >> 16) & 0xFF);
-  }
+  // Red and blue swap places: the byte order of 0x00BBGGRR shifted up is that of 0x00RRGGBB.
+  static uint32_t toArgb(COLORREF c) { return 0xFF000000u | __builtin_bswap32(static_cast<uint32_t>(c) << 8); }
   static COLORREF fromArgb(uint32_t p) {
     return static_cast<COLORREF>(((p >> 16) & 0xFF) | (p & 0xFF00) | ((p & 0xFF) << 16));
   }

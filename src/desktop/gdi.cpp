@@ -647,8 +647,7 @@ void DesktopGdi::PenLines(HDC hdc, std::span<const POINTAPI> ends, std::span<con
     GdiApi::PenLines(hdc, ends, colours);
     return;
   }
-  for (size_t k = 0; k < count; ++k)
-    GdiRaster::line(*c, ends[2 * k].x, ends[2 * k].y, ends[2 * k + 1].x, ends[2 * k + 1].y, colours[k] & 0xFFFFFF, 1);
+  GdiRaster::lines(*c, ends.first(2 * count), colours.first(count));
   c->markDirty();
   d->position = ends[2 * count - 1];
   drawn(*d);

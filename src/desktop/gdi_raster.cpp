@@ -20,6 +20,47 @@ void GdiRaster::plot(Canvas& canvas, int32_t x, int32_t y, uint32_t argb, int32_
     for (int32_t px = std::max(left, 0); px < right; ++px) canvas.row(py)[px] = argb;
 }
 
+void GdiRaster::lines(Canvas& canvas, std::span<const POINTAPI> ends, std::span<const COLORREF> colours) {
+  const size_t count = std::min(ends.size() / 2, colours.size());
+  for (size_t k = 0; k < count;) {
+    const POINTAPI from = ends[2 * k], to = ends[2 * k + 1];
+    if (from.x != to.x || from.y == to.y) {
+      otherLine(canvas, from.x, from.y, to.x, to.y, colours[k], 1);
+      ++k;
+      continue;
+    }
+    // The vertical lines that follow over the same rows, each one column further the same way,
+    // are drawn with this one as a run.
+    size_t n = 1;
+    const int64_t direction = k + 1 < count ? int64_t{ends[2 * k + 2].x} - from.x : 0;
+    if (direction == 1 || direction == -1) {
+      int64_t x = from.x + direction;
+      while (k + n < count && ends[2 * (k + n)].x == x && ends[2 * (k + n) + 1].x == x &&
+             ends[2 * (k + n)].y == from.y && ends[2 * (k + n) + 1].y == to.y) {
+        ++n;
+        x += direction;
+      }
+    }
+    // Rows from from.y towards to.y, to.y itself left out; columns of the run on the canvas.
+    const int64_t first = from.y < to.y ? from.y : int64_t{to.y} + 1, end = from.y < to.y ? int64_t{to.y} : int64_t{from.y} + 1;
+    const int64_t top = std::max<int64_t>(first, 0), bottom = std::min<int64_t>(end, canvas.height());
+    const int64_t step = direction == -1 ? -1 : 1;
+    int64_t skip = 0, take = static_cast<int64_t>(n);  // the run's lines left out at its start, and drawn
+    if (step > 0) {
+      skip = std::clamp<int64_t>(-int64_t{from.x}, 0, take);
+      take = std::min<int64_t>(take, int64_t{canvas.width()} - from.x) - skip;
+    } else {
+      skip = std::clamp<int64_t>(int64_t{from.x} - (canvas.width() - 1), 0, take);
+      take = std::min<int64_t>(take, int64_t{from.x} + 1) - skip;
+    }
+    if (top < bottom && take > 0)
+      canvas.columns(static_cast<int32_t>(from.x + skip * step), static_cast<int32_t>(step),
+                     static_cast<int32_t>(top), static_cast<int32_t>(bottom),
+                     colours.subspan(k + static_cast<size_t>(skip), static_cast<size_t>(take)));
+    k += n;
+  }
+}
+
 void GdiRaster::otherLine(Canvas& canvas, int32_t x0, int32_t y0, int32_t x1, int32_t y1, COLORREF colour,
                           int32_t width) {
   const int64_t dx = int64_t{x1} - x0, dy = int64_t{y1} - y0;

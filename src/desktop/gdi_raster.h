@@ -2,6 +2,7 @@
 #pragma once
 #include <algorithm>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 #include "desktop/canvas.h"
@@ -21,6 +22,10 @@ class GdiRaster {
     else
       otherLine(canvas, x0, y0, x1, y1, colour, width);
   }
+
+  // One-pixel lines k from ends[2k] towards ends[2k + 1] in colours[k], one after another. A run
+  // of vertical lines over the same rows, as a sweep draws, has its rows clipped once.
+  static void lines(Canvas& canvas, std::span<const POINTAPI> ends, std::span<const COLORREF> colours);
 
   // One-pixel frame on the inside edge of [left, right) x [top, bottom).
   static void frame(Canvas& canvas, int32_t left, int32_t top, int32_t right, int32_t bottom,

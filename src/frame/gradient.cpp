@@ -6,6 +6,9 @@
 #include <memory>
 #include <span>
 #include <vector>
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 #include <corvane/platform/api.h>
 #include <corvane/runtime/array_object.h>
@@ -22,6 +25,52 @@ double reduceAngle(double a) { return a - Int(Int(a / 360.0) * 360.0); }
 int32_t redOf(int32_t c) { return c & 0xFF; }
 int32_t greenOf(int32_t c) { return (c & 0xFF00) / 256; }
 int32_t blueOf(int32_t c) { return (c & 0xFF0000) / 65536; }
+
+// A blended channel rounded as CLng rounds: to nearest, ties to even, in the current rounding
+// mode. It lies between two channel values, so the range check CLng makes is left out.
+int32_t roundChannel(double v) {
+#if defined(__SSE2__)
+  return _mm_cvtsd_si32(_mm_set_sd(v));
+#else
+  return static_cast<int32_t>(std::nearbyint(v));
+#endif
+}
+
+// Adds line ends from index 2 on, each the one two before it moved one step along x or y, forward
+// (+1) or back (-1), until the first entry after which the two latest entries lie past the far
+// border: beyond it going forward, below it going back. That can be the start or the end of a
+// line. Returns the number of entries.
+template <bool AlongX, bool Forward>
+size_t sweepLines(std::vector<POINTAPI>& lines, int32_t farBorder) {
+  size_t count = 2, room = lines.size();
+  POINTAPI* entries = lines.data();
+  // The latest entries at even and at odd places: the starts and the ends of the lines.
+  POINTAPI starts = entries[0], ends = entries[1];
+  auto past = [farBorder](const POINTAPI& p) {
+    const int32_t c = AlongX ? p.x : p.y;
+    return Forward ? c > farBorder : c < farBorder;
+  };
+  bool latestPast = past(ends);
+  // Moves one of them a step, adds it, and tells whether the sweep ends there.
+  auto add = [&](POINTAPI& latest) {
+    int32_t& c = AlongX ? latest.x : latest.y;
+    c = add32(c, Forward ? 1 : -1);
+    if (count == room) {
+      lines.resize(2 * count);
+      entries = lines.data();
+      room = lines.size();
+    }
+    entries[count].x = latest.x;  // field by field: no packing of the pair for one store
+    entries[count++].y = latest.y;
+    const bool nextPast = past(latest);
+    const bool done = nextPast && latestPast;
+    latestPast = nextPast;
+    return done;
+  };
+  while (!add(starts) && !add(ends)) {
+  }
+  return count;
+}
 
 }  // namespace
 
@@ -59,7 +108,7 @@ int32_t CGradient::BlendColors(int32_t lColor1, int32_t lColor2, int32_t lSteps,
   colours[0] = lColor1;
   colours[steps - 1] = lColor2;
   for (int32_t i = 1; i <= steps - 2; ++i) {
-    const int32_t r = CLng(i * dR + r1), g = CLng(i * dG + g1), b = CLng(i * dB + b1);
+    const int32_t r = roundChannel(i * dR + r1), g = roundChannel(i * dG + g1), b = roundChannel(i * dB + b1);
     colours[i] = g * 256 + r + b * 65536;
   }
   return steps;
@@ -90,7 +139,6 @@ int32_t CGradient::DrawGradient(HDC hDC, int32_t width, int32_t height) {
     const float smallerY = pt[0].Y < pt[1].Y ? pt[0].Y : pt[1].Y;
     const bool horizontal = dY >= dX;
     float xOff = 0, yOff = 0;
-    int32_t stepX = 0, stepY = 0;
     enum Side { Left, Right, Bottom, Top } side;
     if (m_Angle >= 0 && m_Angle <= 90)
       side = horizontal ? Left : Bottom;
@@ -102,46 +150,33 @@ int32_t CGradient::DrawGradient(HDC hDC, int32_t width, int32_t height) {
       side = horizontal ? Left : Top;
     switch (side) {
       case Left:
-        stepX = 1;
         xOff = -largerX;
         break;
       case Right:
-        stepX = -1;
         xOff = static_cast<float>(width) - smallerX;
         break;
       case Bottom:
-        stepY = -1;
         yOff = static_cast<float>(height) - smallerY;
         break;
       case Top:
-        stepY = 1;
         yOff = -largerY;
         break;
     }
 
-    // The list of line ends, built first so that the number of colours is known.
-    std::vector<POINTAPI> lines;
-    // Room for a sweep across the surface; any size (negative, or huge) only changes how often it grows.
-    lines.reserve(static_cast<size_t>(std::clamp<int64_t>(2 * int64_t{width > height ? width : height} + 8, 8, 1 << 16)));
-    lines.push_back({CLng(xOff + pt[0].X), CLng(yOff + pt[0].Y)});
-    lines.push_back({CLng(xOff + pt[1].X), CLng(yOff + pt[1].Y)});
-    // The sweep ends at the first entry after which the two latest entries lie past the far
-    // border; that can be the start or the end of a line. Each entry is the one two before it,
-    // moved one step.
-    auto pastFarBorder = [&](const POINTAPI& p) {
-      if (stepX >= 1) return p.x > width;
-      if (stepX < 0) return p.x < 0;
-      if (stepY >= 1) return p.y > height;
-      return p.y < 0;
-    };
-    POINTAPI older = lines[0], newer = lines[1];
-    for (;;) {
-      const POINTAPI next{add32(older.x, stepX), add32(older.y, stepY)};
-      lines.push_back(next);
-      older = newer;
-      newer = next;
-      if (pastFarBorder(newer) && pastFarBorder(older)) break;
+    // The list of line ends, built first so that the number of colours is known. Room for a sweep
+    // across the surface; any size (negative, or huge) only changes how often it grows.
+    std::vector<POINTAPI> lines(
+        static_cast<size_t>(std::clamp<int64_t>(2 * int64_t{width > height ? width : height} + 8, 8, 1 << 16)));
+    lines[0] = {CLng(xOff + pt[0].X), CLng(yOff + pt[0].Y)};
+    lines[1] = {CLng(xOff + pt[1].X), CLng(yOff + pt[1].Y)};
+    size_t count = 0;
+    switch (side) {
+      case Left: count = sweepLines<true, true>(lines, width); break;
+      case Right: count = sweepLines<true, false>(lines, 0); break;
+      case Bottom: count = sweepLines<false, false>(lines, 0); break;
+      case Top: count = sweepLines<false, true>(lines, height); break;
     }
+    lines.resize(count);
     const int32_t i = static_cast<int32_t>(lines.size());
     const int32_t lineCount = CLng(i / 2.0);  // an odd count rounds to even
 

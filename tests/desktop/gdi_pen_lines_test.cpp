@@ -72,6 +72,43 @@ TEST_F(GdiPenLines, LinesDrawnAtOnceLeaveWhatTheCallsOneByOneLeave) {
   EXPECT_EQ(own.canvas->pixel(0, 10), 0x00AA00) << "the context's own pen is back";
 }
 
+// Vertical lines over the same rows, each one column beside the last, are drawn as a run. Runs to
+// the right and to the left, reaching past either edge of the canvas, broken by other rows, by a
+// gap or by a slanted line, and a run that turns back over columns just drawn.
+TEST_F(GdiPenLines, RunsOfVerticalLinesLeaveWhatTheCallsOneByOneLeave) {
+  std::vector<POINTAPI> ends;
+  std::vector<COLORREF> colours;
+  auto run = [&](int32_t x, int32_t direction, int32_t n, int32_t fromY, int32_t toY) {
+    for (int32_t k = 0; k < n; ++k) {
+      ends.push_back({x + k * direction, fromY});
+      ends.push_back({x + k * direction, toY});
+      colours.push_back(static_cast<COLORREF>(0x010203 * static_cast<uint32_t>(colours.size() + 1)));
+    }
+  };
+  run(-3, 1, 8, -5, 40);    // from left of the canvas into it
+  run(5, 1, 4, -5, 40);     // the same rows after a gap
+  run(36, 1, 7, 30, 2);     // past the right edge, upwards
+  run(42, -1, 6, 3, 20);    // from right of the canvas to the left, into it
+  run(20, 1, 5, 10, 25);    // a run that turns back: to the right ...
+  run(19, 1, 4, 10, 25);    // ... then again from just left of it, over its columns
+  run(30, -1, 3, 10, 25);   // to the left, and then
+  run(31, -1, 3, 10, 25);   // from just right of it, back over them
+  run(12, 1, 3, 0, 10);
+  run(15, 1, 3, 0, 11);     // other rows break the run
+  ends.push_back({2, 2});
+  ends.push_back({9, 6});   // a slanted line
+  colours.push_back(0x00FF00);
+  run(10, 1, 3, 1, 29);
+  run(-9, 1, 5, 0, 30);     // wholly left of the canvas
+  run(45, -1, 5, 0, 30);    // wholly right of it
+  run(8, 1, 3, 40, 35);     // wholly below it
+  drawBoth(ends, colours);
+  expectTheSame();
+  EXPECT_EQ(own.canvas->pixel(1, 0), 0x010203 * 5u);
+  EXPECT_EQ(own.canvas->pixel(39, 3), 0x010203 * 23u) << "the right-to-left run's first line on the canvas";
+  EXPECT_EQ(own.canvas->pixel(20, 15), 0x010203 * 32u) << "the run turning back draws over the earlier one";
+}
+
 TEST_F(GdiPenLines, TheShorterListDecidesHowManyLines) {
   drawBoth(kEnds, {0x0000FF, 0x00FF00});
   expectTheSame();

@@ -287,6 +287,56 @@ TEST_F(GradientTest, SweepEndingAfterALineStartCountsHalfLinesToEven) {
   }
 }
 
+// The line list, read back from the calls, is the one the steps describe: from the first two
+// entries on, each entry is the one two before it moved one step, until the two latest lie past
+// the far border. Every side the sweep can start from, surfaces wide and tall.
+TEST_F(GradientTest, TheLinesAreEachEntryTwoBeforeMovedOneStepUntilBothLatestArePast) {
+  struct Entry {
+    int32_t x, y;
+  };
+  auto number = [](const std::string& op, size_t from) { return std::stoi(op.substr(from)); };
+  for (auto [width, height] : {std::pair{37, 23}, std::pair{23, 37}, std::pair{40, 40}}) {
+    FormRef f = makeForm(width, height, "frm" + std::to_string(width) + "x" + std::to_string(height));
+    HDC hdc = f->surface().hdc();
+    for (float angle : {0.0f, 20.0f, 45.0f, 70.0f, 90.0f, 100.0f, 135.0f, 160.0f, 180.0f, 200.0f, 225.0f,
+                        250.0f, 270.0f, 290.0f, 315.0f, 340.0f, 359.5f}) {
+      CGradient g;
+      g.setAngle(angle);
+      gdi().startRecording(hdc);
+      const int32_t count = g.DrawGradient(hdc, width, height);
+      const std::vector<std::string> log = gdi().stopRecording(hdc);
+      std::vector<Entry> drawn;
+      for (const std::string& op : log) {
+        const size_t open = op.find('('), comma = op.find(',');
+        if (op.rfind("MoveToEx(", 0) == 0 || op.rfind("LineTo(", 0) == 0)
+          drawn.push_back({number(op, open + 1), number(op, comma + 1)});
+      }
+      ASSERT_GE(drawn.size(), 4u) << angle;
+      // The step: the change between the first two lines, along one axis only.
+      const int32_t stepX = drawn[2].x - drawn[0].x, stepY = drawn[2].y - drawn[0].y;
+      ASSERT_EQ(std::abs(stepX) + std::abs(stepY), 1) << angle;
+      auto past = [&](const Entry& e) {
+        if (stepX >= 1) return e.x > width;
+        if (stepX < 0) return e.x < 0;
+        if (stepY >= 1) return e.y > height;
+        return e.y < 0;
+      };
+      std::vector<Entry> expected = {drawn[0], drawn[1]};
+      do {
+        const Entry& before = expected[expected.size() - 2];
+        expected.push_back({before.x + stepX, before.y + stepY});
+      } while (!(past(expected[expected.size() - 1]) && past(expected[expected.size() - 2])));
+      const size_t lines = expected.size() / 2;  // an odd last entry starts no line
+      EXPECT_EQ(count, static_cast<int32_t>(2 * lines)) << width << "x" << height << " at " << angle;
+      ASSERT_EQ(drawn.size(), 2 * lines) << width << "x" << height << " at " << angle;
+      for (size_t j = 0; j < drawn.size(); ++j) {
+        EXPECT_EQ(drawn[j].x, expected[j].x) << angle << " entry " << j;
+        EXPECT_EQ(drawn[j].y, expected[j].y) << angle << " entry " << j;
+      }
+    }
+  }
+}
+
 TEST_F(GradientTest, DrawGradientLeavesNoDrawingObjectsAlive) {
   FormRef f = makeForm(64, 48);
   const int32_t before = desktop().liveDrawingObjects();
