@@ -23,7 +23,8 @@ int32_t screenCaps(GdiApi& g, int32_t index) {
 
 const ScreenResolution& ScreenResolution::refresh(GdiApi& g, uint64_t serial) {
   ScreenResolution& kept = g_keptScreenResolution;
-  kept = {serial, screenCaps(g, LOGPIXELSX), screenCaps(g, LOGPIXELSY)};
+  const int32_t x = screenCaps(g, LOGPIXELSX), y = screenCaps(g, LOGPIXELSY);
+  kept = {serial, x, y, 1440.0f / static_cast<float>(x), 1440.0f / static_cast<float>(y)};
   if (kept.x <= 0 || kept.y <= 0) kept.serial = 0;  // no answer is not kept
   return kept;
 }

@@ -2,6 +2,11 @@
 #include <corvane/host/surface.h>
 
 #include <algorithm>
+#include <cstring>
+#include <string_view>
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 #include <corvane/host/screen.h>
 #include <corvane/platform/api.h>
@@ -28,6 +33,29 @@ std::vector<std::string> splitLines(const std::string& text) {
   }
   lines.push_back(cur);
   return lines;
+}
+
+// Whether the text holds a carriage return or a line feed. Where the processor compares sixteen
+// bytes at once, a word is looked at in one or two such steps: the first bytes and the last ones,
+// which may overlap.
+bool hasLineBreak(std::string_view text) {
+  const char* p = text.data();
+  const size_t n = text.size();
+#if defined(__SSE2__)
+  if (n >= 8) {
+    const __m128i lineFeeds = _mm_set1_epi8('\n'), returns = _mm_set1_epi8('\r');
+    auto breakIn = [&](__m128i v) {
+      return _mm_movemask_epi8(_mm_or_si128(_mm_cmpeq_epi8(v, lineFeeds), _mm_cmpeq_epi8(v, returns))) != 0;
+    };
+    if (n < 16)  // the first eight bytes and the last eight
+      return breakIn(_mm_unpacklo_epi64(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p)),
+                                        _mm_loadl_epi64(reinterpret_cast<const __m128i*>(p + n - 8))));
+    for (size_t at = 0; at + 16 <= n; at += 16)
+      if (breakIn(_mm_loadu_si128(reinterpret_cast<const __m128i*>(p + at)))) return true;
+    return n % 16 != 0 && breakIn(_mm_loadu_si128(reinterpret_cast<const __m128i*>(p + n - 16)));
+  }
+#endif
+  return std::memchr(p, '\n', n) || std::memchr(p, '\r', n);
 }
 
 // As many as splitLines gives, without making them.
@@ -120,14 +148,20 @@ float Surface::twipsPerUnit(int16_t mode, bool horizontal) {
   }
 }
 
-float Surface::unitsPerPixelX() const {
+// The screen's twips per pixel are asked for once: in pixels they are divided by themselves.
+// Inline: text measuring asks for it on every call.
+inline float Surface::unitsPerPixelX(GdiApi& g) const {
   if (m_scaleMode == User) return m_userWidth / static_cast<float>(std::max(pixelWidth(), 1));
-  return screenTwipsPerPixelX() / twipsPerUnit(m_scaleMode, true);
+  const float twipsPerPixel = screenTwipsPerPixelX(g);
+  return twipsPerPixel / (m_scaleMode == Pixels ? twipsPerPixel : twipsPerUnit(m_scaleMode, true));
 }
+
+float Surface::unitsPerPixelX() const { return unitsPerPixelX(gdi()); }
 
 float Surface::unitsPerPixelY() const {
   if (m_scaleMode == User) return m_userHeight / static_cast<float>(std::max(pixelHeight(), 1));
-  return screenTwipsPerPixelY() / twipsPerUnit(m_scaleMode, false);
+  const float twipsPerPixel = screenTwipsPerPixelY();
+  return twipsPerPixel / (m_scaleMode == Pixels ? twipsPerPixel : twipsPerUnit(m_scaleMode, false));
 }
 
 void Surface::setScaleMode(int16_t mode) {
@@ -372,11 +406,10 @@ void Surface::selectFont() { gdi().SetDCFont(m_hdc, m_font->desc()); }
 float Surface::TextWidth(const std::string& text) {
   GdiApi& g = gdi();
   g.SetDCFont(m_hdc, m_font->desc());
-  // One line is measured as it is (the searches are the C library's, a word's length in a step).
-  if (text.find('\n') != std::string::npos || text.find('\r') != std::string::npos) return widestLine(g, text);
-  SIZE s;
+  if (hasLineBreak(text)) return widestLine(g, text);
+  SIZE s;  // one line is measured as it is
   g.GetTextExtentPoint32A(m_hdc, text, s);
-  return static_cast<float>(s.cx) * unitsPerPixelX();
+  return static_cast<float>(s.cx) * unitsPerPixelX(g);
 }
 
 float Surface::widestLine(GdiApi& g, const std::string& text) {
@@ -386,7 +419,7 @@ float Surface::widestLine(GdiApi& g, const std::string& text) {
     g.GetTextExtentPoint32A(m_hdc, line, s);
     widest = std::max(widest, s.cx);
   }
-  return static_cast<float>(widest) * unitsPerPixelX();
+  return static_cast<float>(widest) * unitsPerPixelX(g);
 }
 
 float Surface::TextHeight(const std::string& text) {

@@ -257,6 +257,24 @@ TEST_F(SurfaceTest, PrintMovesThePositionBehindTheTextOrToTheNextLine) {
   EXPECT_FLOAT_EQ(s().CurrentY(), h);
 }
 
+// A text of several lines is as wide as its widest line, wherever the break lies: near the start
+// or the end of a short text, within its first or last bytes, or in the middle of a long one.
+TEST_F(SurfaceTest, TextWidthOfSeveralLinesIsTheWidestLine) {
+  auto ws = [](size_t n) { return std::string(n, 'W'); };
+  for (size_t length = 1; length <= 40; ++length) {
+    EXPECT_FLOAT_EQ(s().TextWidth(ws(length)), static_cast<float>(length) * s().TextWidth("W")) << length;
+    for (size_t at = 0; at < length; ++at)
+      for (const char lineBreak : {'\n', '\r'}) {
+        std::string text = ws(length);
+        text[at] = lineBreak;
+        const float widest = s().TextWidth(ws(std::max(at, length - 1 - at)));
+        EXPECT_FLOAT_EQ(s().TextWidth(text), widest) << length << " " << at << " " << int{lineBreak};
+      }
+  }
+  EXPECT_FLOAT_EQ(s().TextWidth("WW\r\nW"), s().TextWidth("WW"));
+  EXPECT_FLOAT_EQ(s().TextWidth("W\r\nWWW\nWW"), s().TextWidth("WWW"));
+}
+
 TEST_F(SurfaceTest, TextHeightCountsLinesIncludingATrailingBreak) {
   float one = s().TextHeight("");
   EXPECT_GT(one, 0);

@@ -135,6 +135,7 @@ class CORVANE_API Surface {
   void showCursor();
   float scaleBetween(float value, int16_t from, int16_t to, bool horizontal) const;
   float unitsPerPixelX() const;
+  float unitsPerPixelX(GdiApi& g) const;  // with the drawing side at hand
   float unitsPerPixelY() const;
   static float twipsPerUnit(int16_t mode, bool horizontal);
   void selectFont();
