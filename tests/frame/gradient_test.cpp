@@ -295,7 +295,8 @@ TEST_F(GradientTest, TheLinesAreEachEntryTwoBeforeMovedOneStepUntilBothLatestAre
     int32_t x, y;
   };
   auto number = [](const std::string& op, size_t from) { return std::stoi(op.substr(from)); };
-  for (auto [width, height] : {std::pair{37, 23}, std::pair{23, 37}, std::pair{40, 40}}) {
+  for (const std::pair<int32_t, int32_t>& size : {std::pair{37, 23}, std::pair{23, 37}, std::pair{40, 40}}) {
+    const int32_t width = size.first, height = size.second;
     FormRef f = makeForm(width, height, "frm" + std::to_string(width) + "x" + std::to_string(height));
     HDC hdc = f->surface().hdc();
     for (float angle : {0.0f, 20.0f, 45.0f, 70.0f, 90.0f, 100.0f, 135.0f, 160.0f, 180.0f, 200.0f, 225.0f,
