@@ -18,7 +18,7 @@ namespace {
 TEST(SystemHeadersTest, PublicApiCompilesAfterX11) {
   EXPECT_EQ(static_cast<int>(VexPane::btNone), 0);
   EXPECT_EQ(static_cast<int>(StdPicture::vbPicTypeNone), 0);
-  EXPECT_STREQ(CORVANE_VERSION_STRING, "0.6.0");
+  EXPECT_STREQ(CORVANE_VERSION_STRING, "0.6.1");
 }
 
 TEST(SystemHeadersTest, EnumerationMembersKeepTheirNamesForLateBinding) {
