@@ -10,11 +10,17 @@ std::vector<std::pair<std::string, SceneSource>>& sceneSources() {
   return sources;
 }
 
+std::function<void(Form&)>& formPlacer() {
+  static std::function<void(Form&)> placer;
+  return placer;
+}
+
 FormRef makeSceneForm(const std::string& name, float width, float height, double fontSize, OLE_COLOR back) {
   FormRef f = Form::create(name, width, height);
   f->surface().setBackColor(back);
   f->surface().Font()->setName("Tahoma");
   f->surface().Font()->setSize(fontSize);
+  if (formPlacer()) formPlacer()(*f);
   f->Show();
   return f;
 }

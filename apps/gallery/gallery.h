@@ -19,6 +19,11 @@ struct Scene {
 FormRef makeSceneForm(const std::string& name, float width, float height, double fontSize,
                       OLE_COLOR back = static_cast<OLE_COLOR>(0x8000000F));
 
+// Where the gallery puts a scene's form on the screen. makeSceneForm calls it before the form is
+// shown, so that what a scene does with the mouse happens where its picture is taken and not under
+// another scene's window. Empty, a form stays where it opens.
+std::function<void(Form&)>& formPlacer();
+
 using SceneSource = std::vector<Scene> (*)();
 
 // Each scenes file registers its source with a static SceneRegistrar; the gallery renders them in

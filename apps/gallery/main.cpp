@@ -11,6 +11,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <set>
 #include <string>
 
 #include "desktop/desktop.h"
@@ -68,13 +69,20 @@ int renderPngs(const std::string& out) {
   std::filesystem::create_directories(out);
   int failed = 0;
   // Forms flow down the screen in columns, so that the whole desktop shows every scene.
+  // A scene's form is placed as it is made, before the scene moves the mouse over it; a form the
+  // scene made otherwise is placed when the scene is done.
   Placer placer(kScreenWidth, kScreenHeight);
+  std::set<HWND> placed;
+  gallery::formPlacer() = [&](Form& form) {
+    RECT size;
+    desktop.windows().GetWindowRect(form.hWnd(), size);
+    POINTAPI at = placer.next(size.Right - size.Left, size.Bottom - size.Top);
+    form.Move(static_cast<float>(at.x) * 15, static_cast<float>(at.y) * 15);
+    placed.insert(form.hWnd());
+  };
   for (const gallery::Scene& scene : allScenes()) {
     FormRef form = scene.build();
-    RECT size;
-    desktop.windows().GetWindowRect(form->hWnd(), size);
-    POINTAPI at = placer.next(size.Right - size.Left, size.Bottom - size.Top);
-    form->Move(static_cast<float>(at.x) * 15, static_cast<float>(at.y) * 15);
+    if (!placed.count(form->hWnd())) gallery::formPlacer()(*form);
     std::string path = out + "/" + scene.name + ".png";
     if (desktop.saveWindowPng(form->hWnd(), path)) {
       std::printf("%s  (%s)\n", path.c_str(), scene.description.c_str());
@@ -83,6 +91,7 @@ int renderPngs(const std::string& out) {
       ++failed;
     }
   }
+  gallery::formPlacer() = nullptr;
   std::string all = out + "/desktop.png";
   if (desktop.savePng(all)) std::printf("%s  (the whole desktop)\n", all.c_str());
   Forms::unloadAll();
@@ -104,16 +113,22 @@ int showLive(int32_t seconds) {
   }
   // The scenes were drawn for 15 twips per pixel; the forms are placed in the work area.
   Placer placer(user().GetSystemMetrics(SM_CXFULLSCREEN), user().GetSystemMetrics(SM_CYFULLSCREEN));
+  std::set<HWND> placed;
+  gallery::formPlacer() = [&](Form& form) {
+    RECT size;
+    user().GetWindowRect(form.hWnd(), size);
+    POINTAPI at = placer.next(size.Right - size.Left, size.Bottom - size.Top);
+    user().MoveWindow(form.hWnd(), at.x, at.y, size.Right - size.Left, size.Bottom - size.Top, true);
+    placed.insert(form.hWnd());
+  };
   HWND first = 0;
   for (const gallery::Scene& scene : allScenes()) {
     FormRef form = scene.build();
     form->setCaption(scene.name);
-    RECT size;
-    user().GetWindowRect(form->hWnd(), size);
-    POINTAPI at = placer.next(size.Right - size.Left, size.Bottom - size.Top);
-    user().MoveWindow(form->hWnd(), at.x, at.y, size.Right - size.Left, size.Bottom - size.Top, true);
+    if (!placed.count(form->hWnd())) gallery::formPlacer()(*form);
     if (!first) first = form->hWnd();
   }
+  gallery::formPlacer() = nullptr;
   std::printf("%zu scenes shown as windows\n", Forms::all().size());
   std::fflush(stdout);
   if (first && seconds > 0) {
