@@ -365,6 +365,14 @@ const TextFont::GlyphImage& TextFont::image(int32_t slot, uint32_t index, int32_
     }
     cairo_surface_destroy(surface);
   }
+  // Very large glyphs, as of a font hundreds of points high, would fill the memory one by one;
+  // past the budget a picture serves its one use only and is made again the next time.
+  const size_t bytes = im.coverage.size() + 4 * im.rowStart.size() + sizeof(GlyphImage);
+  if (m_imageBytes + bytes > kMaxImageBytes) {
+    m_passingImage = std::move(im);
+    return m_passingImage;
+  }
+  m_imageBytes += bytes;
   cached = static_cast<int32_t>(m_images.size());
   m_imageOf.emplace(key, cached);
   m_images.push_back(std::move(im));

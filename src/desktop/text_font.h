@@ -69,6 +69,10 @@ class TextFont {
   int32_t advance(char32_t c) { return c < 0x80 ? m_ascii[c].advance : glyph(c).advance; }
   // Shaped words kept so far (bounded: the store starts again when it is full).
   size_t shapedWords() const { return m_shaped.size(); }
+  // The bytes of glyph pictures kept (bounded: beyond kMaxImageBytes a new glyph is drawn from a
+  // picture made for the one use).
+  size_t keptImageBytes() const { return m_imageBytes; }
+  static constexpr size_t kMaxImageBytes = size_t{16} << 20;
 
   // Draws a line of text with its box's top left at (x, y), the baseline at y + ascent, in one
   // colour, inside clip (already within the canvas). Returns the width drawn.
@@ -149,6 +153,8 @@ class TextFont {
   std::unordered_map<char32_t, Glyph> m_other;
   std::vector<Slot> m_slots;
   std::vector<GlyphImage> m_images;
+  size_t m_imageBytes = 0;
+  GlyphImage m_passingImage;  // a glyph's picture past the budget, good until the next is asked for
   std::unordered_map<uint64_t, int32_t> m_imageOf;  // slot and glyph index to m_images
   std::unordered_map<std::string, ShapedWord, WordHash, std::equal_to<>> m_shaped;
   std::vector<cairo_glyph_t> m_run;  // scratch for drawWithCairo

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include <string>
+#include <vector>
 
 #include "desktop/canvas.h"
 #include "desktop/font_cache.h"
@@ -180,6 +181,33 @@ TEST_F(ShapedText, TheStoreOfShapedWordsStaysBounded) {
   for (int i = 0; i < 6000; ++i) f->width(word + std::to_string(i));
   EXPECT_LE(f->shapedWords(), 4096u);
   EXPECT_GT(f->shapedWords(), 0u);
+}
+
+// A font hundreds of points high keeps glyph pictures only up to its budget; past it each glyph is
+// drawn from a picture made again, with the same pixels.
+TEST_F(ShapedText, TheGlyphPicturesOfAHugeFontStayBoundedAndDrawTheSame) {
+  auto f = font("DejaVu Sans", 1500);
+  // Each letter's picture is megabytes; the canvas shows a corner of it.
+  auto drawn = [&](char letter) {
+    canvas.fill(kWhite);
+    f->draw(canvas, -300, -1100, std::string(1, letter), 0, all);
+    std::vector<COLORREF> pixels;
+    for (int y = 0; y < 100; ++y)
+      for (int x = 0; x < 300; ++x) pixels.push_back(canvas.pixel(x, y));
+    return pixels;
+  };
+  std::vector<std::vector<COLORREF>> first;
+  for (char letter = 'A'; letter <= 'Z'; ++letter) first.push_back(drawn(letter));
+  EXPECT_GT(f->keptImageBytes(), 0u);
+  EXPECT_LE(f->keptImageBytes(), TextFont::kMaxImageBytes);
+  size_t inked = 0;
+  for (char letter = 'A'; letter <= 'Z'; ++letter) {
+    const std::vector<COLORREF>& before = first[static_cast<size_t>(letter - 'A')];
+    EXPECT_EQ(drawn(letter), before) << letter << ": kept or made again, the same pixels";
+    inked += std::count_if(before.begin(), before.end(), [](COLORREF p) { return p != kWhite; }) > 0;
+  }
+  EXPECT_GT(inked, 13u) << "most corners show ink";
+  EXPECT_LE(f->keptImageBytes(), TextFont::kMaxImageBytes);
 }
 
 TEST_F(ShapedText, CairoDrawsTheSameShapedGlyphs) {
