@@ -38,7 +38,8 @@ void Canvas::startColumns(int32_t x, int32_t top, int32_t bottom, uint32_t argb)
   m_columnColours[static_cast<size_t>(x)] = argb;
 }
 
-void Canvas::columns(int32_t x, int32_t direction, int32_t top, int32_t bottom, std::span<const COLORREF> colours) {
+void Canvas::columns(int32_t x, int32_t direction, int32_t top, int32_t bottom,
+                     std::span<const COLORREF> colours) {
   if (colours.empty()) return;
   column(x, top, bottom, toArgb(colours[0]));
   const size_t rest = colours.size() - 1;
@@ -52,7 +53,8 @@ void Canvas::columns(int32_t x, int32_t direction, int32_t top, int32_t bottom, 
     for (size_t j = 0; j < rest; ++j) *(to - j) = toArgb(colours[j + 1]);
     m_columnsLeft -= static_cast<int32_t>(rest);
   } else {
-    for (size_t j = 0; j < rest; ++j) column(x + static_cast<int32_t>(j + 1) * direction, top, bottom, toArgb(colours[j + 1]));
+    for (size_t j = 0; j < rest; ++j)
+      column(x + static_cast<int32_t>(j + 1) * direction, top, bottom, toArgb(colours[j + 1]));
     return;
   }
   m_version += rest;

@@ -81,7 +81,9 @@ class Canvas {
   void markDirty() { m_cairoStale = true; }
 
   // Red and blue swap places: the byte order of 0x00BBGGRR shifted up is that of 0x00RRGGBB.
-  static uint32_t toArgb(COLORREF c) { return 0xFF000000u | __builtin_bswap32(static_cast<uint32_t>(c) << 8); }
+  static uint32_t toArgb(COLORREF c) {
+    return 0xFF000000u | __builtin_bswap32(static_cast<uint32_t>(c) << 8);
+  }
   static COLORREF fromArgb(uint32_t p) {
     return static_cast<COLORREF>(((p >> 16) & 0xFF) | (p & 0xFF00) | ((p & 0xFF) << 16));
   }

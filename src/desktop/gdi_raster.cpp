@@ -42,7 +42,8 @@ void GdiRaster::lines(Canvas& canvas, std::span<const POINTAPI> ends, std::span<
       }
     }
     // Rows from from.y towards to.y, to.y itself left out; columns of the run on the canvas.
-    const int64_t first = from.y < to.y ? from.y : int64_t{to.y} + 1, end = from.y < to.y ? int64_t{to.y} : int64_t{from.y} + 1;
+    const int64_t first = from.y < to.y ? from.y : int64_t{to.y} + 1,
+                  end = from.y < to.y ? int64_t{to.y} : int64_t{from.y} + 1;
     const int64_t top = std::max<int64_t>(first, 0), bottom = std::min<int64_t>(end, canvas.height());
     const int64_t step = direction == -1 ? -1 : 1;
     int64_t skip = 0, take = static_cast<int64_t>(n);  // the run's lines left out at its start, and drawn

@@ -165,16 +165,24 @@ int32_t CGradient::DrawGradient(HDC hDC, int32_t width, int32_t height) {
 
     // The list of line ends, built first so that the number of colours is known. Room for a sweep
     // across the surface; any size (negative, or huge) only changes how often it grows.
-    std::vector<POINTAPI> lines(
-        static_cast<size_t>(std::clamp<int64_t>(2 * int64_t{width > height ? width : height} + 8, 8, 1 << 16)));
+    std::vector<POINTAPI> lines(static_cast<size_t>(
+        std::clamp<int64_t>(2 * int64_t{width > height ? width : height} + 8, 8, 1 << 16)));
     lines[0] = {CLng(xOff + pt[0].X), CLng(yOff + pt[0].Y)};
     lines[1] = {CLng(xOff + pt[1].X), CLng(yOff + pt[1].Y)};
     size_t count = 0;
     switch (side) {
-      case Left: count = sweepLines<true, true>(lines, width); break;
-      case Right: count = sweepLines<true, false>(lines, 0); break;
-      case Bottom: count = sweepLines<false, false>(lines, 0); break;
-      case Top: count = sweepLines<false, true>(lines, height); break;
+      case Left:
+        count = sweepLines<true, true>(lines, width);
+        break;
+      case Right:
+        count = sweepLines<true, false>(lines, 0);
+        break;
+      case Bottom:
+        count = sweepLines<false, false>(lines, 0);
+        break;
+      case Top:
+        count = sweepLines<false, true>(lines, height);
+        break;
     }
     lines.resize(count);
     const int32_t i = static_cast<int32_t>(lines.size());

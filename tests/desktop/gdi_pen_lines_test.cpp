@@ -85,23 +85,23 @@ TEST_F(GdiPenLines, RunsOfVerticalLinesLeaveWhatTheCallsOneByOneLeave) {
       colours.push_back(static_cast<COLORREF>(0x010203 * static_cast<uint32_t>(colours.size() + 1)));
     }
   };
-  run(-3, 1, 8, -5, 40);    // from left of the canvas into it
-  run(5, 1, 4, -5, 40);     // the same rows after a gap
-  run(36, 1, 7, 30, 2);     // past the right edge, upwards
-  run(42, -1, 6, 3, 20);    // from right of the canvas to the left, into it
-  run(20, 1, 5, 10, 25);    // a run that turns back: to the right ...
-  run(19, 1, 4, 10, 25);    // ... then again from just left of it, over its columns
-  run(30, -1, 3, 10, 25);   // to the left, and then
-  run(31, -1, 3, 10, 25);   // from just right of it, back over them
+  run(-3, 1, 8, -5, 40);   // from left of the canvas into it
+  run(5, 1, 4, -5, 40);    // the same rows after a gap
+  run(36, 1, 7, 30, 2);    // past the right edge, upwards
+  run(42, -1, 6, 3, 20);   // from right of the canvas to the left, into it
+  run(20, 1, 5, 10, 25);   // a run that turns back: to the right ...
+  run(19, 1, 4, 10, 25);   // ... then again from just left of it, over its columns
+  run(30, -1, 3, 10, 25);  // to the left, and then
+  run(31, -1, 3, 10, 25);  // from just right of it, back over them
   run(12, 1, 3, 0, 10);
-  run(15, 1, 3, 0, 11);     // other rows break the run
+  run(15, 1, 3, 0, 11);  // other rows break the run
   ends.push_back({2, 2});
-  ends.push_back({9, 6});   // a slanted line
+  ends.push_back({9, 6});  // a slanted line
   colours.push_back(0x00FF00);
   run(10, 1, 3, 1, 29);
-  run(-9, 1, 5, 0, 30);     // wholly left of the canvas
-  run(45, -1, 5, 0, 30);    // wholly right of it
-  run(8, 1, 3, 40, 35);     // wholly below it
+  run(-9, 1, 5, 0, 30);   // wholly left of the canvas
+  run(45, -1, 5, 0, 30);  // wholly right of it
+  run(8, 1, 3, 40, 35);   // wholly below it
   drawBoth(ends, colours);
   expectTheSame();
   EXPECT_EQ(own.canvas->pixel(1, 0), 0x010203 * 5u);

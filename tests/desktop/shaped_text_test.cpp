@@ -3,7 +3,6 @@
 #include <pango/pango.h>
 
 #include <algorithm>
-
 #include <string>
 #include <vector>
 
