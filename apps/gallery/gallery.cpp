@@ -15,6 +15,11 @@ std::function<void(Form&)>& formPlacer() {
   return placer;
 }
 
+bool& inLiveViewer() {
+  static bool live = false;
+  return live;
+}
+
 FormRef makeSceneForm(const std::string& name, float width, float height, double fontSize, OLE_COLOR back) {
   FormRef f = Form::create(name, width, height);
   f->surface().setBackColor(back);

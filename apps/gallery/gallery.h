@@ -24,6 +24,11 @@ FormRef makeSceneForm(const std::string& name, float width, float height, double
 // another scene's window. Empty, a form stays where it opens.
 std::function<void(Form&)>& formPlacer();
 
+// True while the gallery shows its scenes as windows on the user's display. A scene then plays
+// no drag of its own: the user's real pointer stands elsewhere, and the window under the played
+// drag would be pulled back and forth between the two.
+bool& inLiveViewer();
+
 using SceneSource = std::vector<Scene> (*)();
 
 // Each scenes file registers its source with a static SceneRegistrar; the gallery renders them in

@@ -122,6 +122,7 @@ int showLive(int32_t seconds) {
     placed.insert(form.hWnd());
   };
   HWND first = 0;
+  gallery::inLiveViewer() = true;
   for (const gallery::Scene& scene : allScenes()) {
     FormRef form = scene.build();
     form->setCaption(scene.name);

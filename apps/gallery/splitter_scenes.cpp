@@ -66,7 +66,7 @@ void pressBar(VexSplitter& s) {
 // A whole drag with the desktop's mouse, from a point of the bar by dx, dy pixels.
 void dragBar(VexSplitter& s, int dx, int dy) {
   Desktop* d = desktop();
-  if (!d) return;
+  if (!d || inLiveViewer()) return;
   POINTAPI p{2, 20};
   user().ClientToScreen(s.hWnd(), p);
   d->mouseMove(p.x, p.y);
